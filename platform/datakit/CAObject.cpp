@@ -1,0 +1,3 @@
+#include "datakit/CAObject.h"
+
+IMPLEMENT_DYNAMIC(CAObject, CObject)

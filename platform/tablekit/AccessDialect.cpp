@@ -1,0 +1,225 @@
+#include "tablekit/AccessDialect.h"
+
+#include <cwctype>
+#include <string_view>
+#include <vector>
+
+#include "mfc/Utf.h"
+
+namespace tablekit {
+namespace {
+
+enum class Kind { Space, Word, Number, Literal, Identifier, Punct };
+
+struct Token {
+  Kind kind;
+  std::wstring text;  // as it will be written out
+};
+
+bool IsWordStart(wchar_t c) { return c == L'_' || (c < 0x80 ? std::iswalpha(c) != 0 : true); }
+bool IsWordChar(wchar_t c) { return IsWordStart(c) || (c >= L'0' && c <= L'9'); }
+bool IsBlank(wchar_t c) { return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n' || c == L'\f' || c == L'\v'; }
+
+bool IsWord(const Token& t, const wchar_t* word) {
+  if (t.kind != Kind::Word || t.text.size() != std::wcslen(word)) return false;
+  for (std::size_t i = 0; i < t.text.size(); ++i) {
+    if (static_cast<wchar_t>(std::towlower(t.text[i])) != word[i]) return false;
+  }
+  return true;
+}
+
+bool IsComparison(const Token& t) {
+  if (t.kind == Kind::Punct) {
+    return t.text == L"=" || t.text == L"<>" || t.text == L"<" || t.text == L">" || t.text == L"<=" ||
+           t.text == L">=" || t.text == L"!=";
+  }
+  return IsWord(t, L"like") || IsWord(t, L"is") || IsWord(t, L"in") || IsWord(t, L"between");
+}
+
+// Splits the statement into tokens, converting Access texts and names on the way.
+bool Tokenize(std::wstring_view sql, std::vector<Token>& tokens, std::string& error) {
+  std::size_t i = 0;
+  while (i < sql.size()) {
+    wchar_t c = sql[i];
+    if (IsBlank(c)) {
+      std::size_t j = i;
+      while (j < sql.size() && IsBlank(sql[j])) ++j;
+      tokens.push_back({Kind::Space, L" "});
+      i = j;
+    } else if (c == L'"') {
+      std::size_t end = sql.find(L'"', i + 1);
+      if (end == std::wstring_view::npos) {
+        error = "unterminated double-quoted text";
+        return false;
+      }
+      std::wstring lit = L"'";
+      for (wchar_t ch : sql.substr(i + 1, end - i - 1)) {
+        if (ch == L'\'') lit.push_back(L'\'');
+        lit.push_back(ch);
+      }
+      lit.push_back(L'\'');
+      tokens.push_back({Kind::Literal, lit});
+      i = end + 1;
+    } else if (c == L'\'') {
+      std::size_t j = i + 1;
+      for (;;) {
+        j = sql.find(L'\'', j);
+        if (j == std::wstring_view::npos) {
+          error = "unterminated single-quoted text";
+          return false;
+        }
+        if (j + 1 < sql.size() && sql[j + 1] == L'\'') {
+          j += 2;
+          continue;
+        }
+        break;
+      }
+      tokens.push_back({Kind::Literal, std::wstring(sql.substr(i, j + 1 - i))});
+      i = j + 1;
+    } else if (c == L'[') {
+      std::size_t end = sql.find(L']', i + 1);
+      if (end == std::wstring_view::npos) {
+        error = "unterminated bracketed name";
+        return false;
+      }
+      std::wstring id = L"\"";
+      for (wchar_t ch : sql.substr(i + 1, end - i - 1)) {
+        if (ch == L'"') id.push_back(L'"');
+        id.push_back(ch);
+      }
+      id.push_back(L'"');
+      tokens.push_back({Kind::Identifier, id});
+      i = end + 1;
+    } else if (c == L';') {
+      for (std::size_t j = i + 1; j < sql.size(); ++j) {
+        if (!IsBlank(sql[j]) && sql[j] != L';') {
+          error = "more than one statement";
+          return false;
+        }
+      }
+      break;
+    } else if (c >= L'0' && c <= L'9') {
+      std::size_t j = i;
+      while (j < sql.size() && (IsWordChar(sql[j]) || sql[j] == L'.')) ++j;
+      tokens.push_back({Kind::Number, std::wstring(sql.substr(i, j - i))});
+      i = j;
+    } else if (IsWordStart(c)) {
+      std::size_t j = i;
+      while (j < sql.size() && IsWordChar(sql[j])) ++j;
+      tokens.push_back({Kind::Word, std::wstring(sql.substr(i, j - i))});
+      i = j;
+    } else {
+      std::wstring_view two = sql.substr(i, 2);
+      std::size_t n = (two == L"<>" || two == L"<=" || two == L">=" || two == L"!=" || two == L"||") ? 2 : 1;
+      tokens.push_back({Kind::Punct, std::wstring(sql.substr(i, n))});
+      i += n;
+    }
+  }
+  return true;
+}
+
+// Index of the next token that is not a blank, at or after i.
+std::size_t SkipBlanks(const std::vector<Token>& t, std::size_t i) {
+  while (i < t.size() && t[i].kind == Kind::Space) ++i;
+  return i;
+}
+
+// "select [distinct|all] top N ..." loses "top N"; N is returned for the LIMIT.
+bool TakeTop(std::vector<Token>& t, std::wstring& limit, std::string& error) {
+  std::size_t i = SkipBlanks(t, 0);
+  if (i >= t.size() || !IsWord(t[i], L"select")) return true;
+  i = SkipBlanks(t, i + 1);
+  if (i < t.size() && (IsWord(t[i], L"distinct") || IsWord(t[i], L"all"))) i = SkipBlanks(t, i + 1);
+  if (i >= t.size() || !IsWord(t[i], L"top")) return true;
+  std::size_t n = SkipBlanks(t, i + 1);
+  if (n >= t.size() || t[n].kind != Kind::Number || t[n].text.find_first_not_of(L"0123456789") != std::wstring::npos) {
+    error = "\"top\" needs a whole number";
+    return false;
+  }
+  std::size_t after = SkipBlanks(t, n + 1);
+  if (after < t.size() && IsWord(t[after], L"percent")) {
+    error = "\"top N percent\" is not supported";
+    return false;
+  }
+  limit = t[n].text;
+  t.erase(t.begin() + static_cast<std::ptrdiff_t>(i), t.begin() + static_cast<std::ptrdiff_t>(n + 1));
+  return true;
+}
+
+// Rewrites each comparison term of the outermost "order by" so that true sorts first.
+void RewriteOrderBy(std::vector<Token>& t) {
+  int depth = 0;
+  std::size_t start = t.size();
+  for (std::size_t i = 0; i < t.size(); ++i) {
+    if (t[i].text == L"(" && t[i].kind == Kind::Punct) ++depth;
+    if (t[i].text == L")" && t[i].kind == Kind::Punct) --depth;
+    if (depth == 0 && IsWord(t[i], L"order")) {
+      std::size_t j = SkipBlanks(t, i + 1);
+      if (j < t.size() && IsWord(t[j], L"by")) start = j + 1;
+    }
+  }
+  if (start >= t.size()) return;
+
+  std::vector<Token> out(t.begin(), t.begin() + static_cast<std::ptrdiff_t>(start));
+  std::size_t i = start;
+  while (i <= t.size()) {
+    // One term: up to the next comma at depth 0.
+    std::size_t end = i;
+    depth = 0;
+    while (end < t.size() && !(depth == 0 && t[end].kind == Kind::Punct && t[end].text == L",")) {
+      if (t[end].kind == Kind::Punct && t[end].text == L"(") ++depth;
+      if (t[end].kind == Kind::Punct && t[end].text == L")") --depth;
+      ++end;
+    }
+    // Its direction word, if any, stays outside the rewritten expression.
+    std::size_t exprEnd = end;
+    while (exprEnd > i && t[exprEnd - 1].kind == Kind::Space) --exprEnd;
+    std::size_t dir = exprEnd;
+    if (exprEnd > i && (IsWord(t[exprEnd - 1], L"asc") || IsWord(t[exprEnd - 1], L"desc"))) dir = exprEnd - 1;
+    bool comparison = false;
+    depth = 0;
+    for (std::size_t k = i; k < dir; ++k) {
+      if (t[k].kind == Kind::Punct && t[k].text == L"(") ++depth;
+      if (t[k].kind == Kind::Punct && t[k].text == L")") --depth;
+      if (depth == 0 && IsComparison(t[k])) comparison = true;
+    }
+    if (comparison) {
+      out.push_back({Kind::Space, L" "});
+      out.push_back({Kind::Word, L"CASE WHEN"});
+      out.insert(out.end(), t.begin() + static_cast<std::ptrdiff_t>(i), t.begin() + static_cast<std::ptrdiff_t>(dir));
+      out.push_back({Kind::Word, L" THEN 0 ELSE 1 END "});
+      out.insert(out.end(), t.begin() + static_cast<std::ptrdiff_t>(dir), t.begin() + static_cast<std::ptrdiff_t>(end));
+    } else {
+      out.insert(out.end(), t.begin() + static_cast<std::ptrdiff_t>(i), t.begin() + static_cast<std::ptrdiff_t>(end));
+    }
+    if (end >= t.size()) break;
+    out.push_back(t[end]);  // the comma
+    i = end + 1;
+  }
+  t = std::move(out);
+}
+
+}  // namespace
+
+bool TranslateAccessSql(const wchar_t* accessSql, std::string& out, std::string& error) {
+  std::vector<Token> tokens;
+  if (accessSql == nullptr || !Tokenize(accessSql, tokens, error)) {
+    if (accessSql == nullptr) error = "no statement";
+    return false;
+  }
+  if (SkipBlanks(tokens, 0) >= tokens.size()) {
+    error = "empty statement";
+    return false;
+  }
+  std::wstring limit;
+  if (!TakeTop(tokens, limit, error)) return false;
+  RewriteOrderBy(tokens);
+  std::wstring sql;
+  for (const Token& t : tokens) sql += t.text;
+  while (!sql.empty() && sql.back() == L' ') sql.pop_back();
+  if (!limit.empty()) sql += L" LIMIT " + limit;
+  out = qk::utf::ToUtf8(sql);
+  return true;
+}
+
+}  // namespace tablekit

@@ -1,0 +1,29 @@
+#pragma once
+// The SQL dialect layer: the one place where the Access SQL that the library's classes format is
+// turned into SQL that the database backends run. Every statement goes through it.
+//
+//   "text"          a double-quoted text is a string literal in Access: it becomes 'text' (a single
+//                   quote inside is doubled). There is no escape inside it, so a text that holds a
+//                   double quote ends early and the statement fails: the library never escapes names.
+//   'text'          kept as it is ('' is a quote inside it).
+//   [name]          a bracketed name becomes the standard quoted identifier "name".
+//   select top N    becomes a LIMIT N at the end of the statement (only for the outermost select;
+//                   "top N percent" is refused).
+//   order by a=b    Access sorts a comparison as a number, true (-1) before false (0); each order-by
+//                   term that is a comparison becomes CASE WHEN a=b THEN 0 ELSE 1 END, which sorts
+//                   the same way on every backend.
+//   ;               ends the statement; anything but blanks after it is refused, never run.
+// Text comparison ignoring case is the schema's business (text columns are COLLATE NOCASE).
+
+#include <string>
+
+#include "QKExport.h"
+
+namespace tablekit {
+
+// Translates one Access statement to UTF-8 SQL. Returns false with a reason in error (and out
+// unspecified) for an empty statement, an unterminated text or name, a second statement, or an
+// unsupported "top".
+QK_EXPORT bool TranslateAccessSql(const wchar_t* accessSql, std::string& out, std::string& error);
+
+}  // namespace tablekit

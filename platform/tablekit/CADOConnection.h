@@ -1,0 +1,44 @@
+#pragma once
+// CADOConnection: one open connection of a database backend, behind which SQLite (and later a
+// server) sits. Internal to the record-access library: CADODatabase owns it, CADORecordset runs its
+// queries on it. Statements reach it already translated by the dialect layer, as UTF-8.
+//
+// Every operation returns false with a readable reason in error on failure; none throws.
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "mfc/CString.h"
+#include "tablekit/FieldValue.h"
+
+namespace tablekit {
+
+struct ResultSet {
+  std::vector<CString> columns;
+  // The table every column comes from, when they all come from one; empty otherwise. Only such a
+  // result can be written back row by row.
+  std::string table;
+  std::vector<std::vector<FieldValue>> rows;
+};
+
+using ColumnValues = std::vector<std::pair<std::string, FieldValue>>;  // UTF-8 column name, value
+
+}  // namespace tablekit
+
+class CADOConnection {
+ public:
+  virtual ~CADOConnection() = default;
+  // The kind of backend: one of CADODatabase's connect types.
+  virtual int GetConnectType() const = 0;
+  // Runs one query and collects every row.
+  virtual bool Query(const std::string& sql, tablekit::ResultSet& result, std::string& error) = 0;
+  // Runs one statement that returns no rows.
+  virtual bool Execute(const std::string& sql, std::string& error) = 0;
+  // Inserts one row with bound values; the database assigns the key, returned in newKey.
+  virtual bool InsertRow(const std::string& table, const tablekit::ColumnValues& values, long long& newKey,
+                         std::string& error) = 0;
+  // Writes the values into the row whose keyColumn equals key, with bound values.
+  virtual bool UpdateRow(const std::string& table, const std::string& keyColumn, long long key,
+                         const tablekit::ColumnValues& values, std::string& error) = 0;
+};

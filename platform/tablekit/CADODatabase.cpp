@@ -1,0 +1,41 @@
+#include "tablekit/CADODatabase.h"
+
+#include "tablekit/AccessDialect.h"
+#include "tablekit/sqlite/SqliteConnection.h"
+
+CADODatabase::CADODatabase() = default;
+CADODatabase::~CADODatabase() = default;
+
+int CADODatabase::OpenAccess(const wchar_t* path, const wchar_t*, const wchar_t*) {
+  Close();
+  m_strPath = path;
+  std::string error;
+  m_pConnection = tablekit::SqliteConnection::Open(m_strPath.ToUtf8(), error);
+  SetLastError(m_pConnection ? std::string() : error);
+  return m_pConnection != nullptr;
+}
+
+int CADODatabase::IsOpen() const { return m_pConnection != nullptr; }
+
+void CADODatabase::Close() { m_pConnection.reset(); }
+
+int CADODatabase::Execute(const wchar_t* sql) {
+  if (!m_pConnection) {
+    SetLastError("the database is not open");
+    return 0;
+  }
+  std::string translated, error;
+  bool ok = tablekit::TranslateAccessSql(sql, translated, error) && m_pConnection->Execute(translated, error);
+  SetLastError(ok ? std::string() : error);
+  return ok;
+}
+
+CADOConnection* CADODatabase::GetActiveConnection() const { return m_pConnection.get(); }
+
+CADOOP CADODatabase::GetActiveAdoap() const { return CADOOP(); }
+
+int CADODatabase::GetCurrentConnectType() const {
+  return m_pConnection ? m_pConnection->GetConnectType() : connectTypeNone;
+}
+
+void CADODatabase::SetLastError(const std::string& reasonUtf8) { m_strLastError = CString::FromUtf8(reasonUtf8); }
