@@ -1,1 +1,324 @@
+// Reading rows and writing them back through a record set, on real SQLite files.
+
 #include <gtest/gtest.h>
+
+#include "TestDatabase.h"
+#include "tablekit/CADODatabase.h"
+#include "tablekit/CADORecordset.h"
+
+namespace {
+
+class CADORecordsetTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    path = dir.File("rs.db");
+    CreateDatabase(path,
+                   "CREATE TABLE Station (ID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT COLLATE NOCASE,"
+                   " Height REAL, Code INTEGER, Flag INTEGER, Note TEXT);"
+                   "INSERT INTO Station (Name, Height, Code, Flag, Note) VALUES"
+                   " ('北京', 31.3, 54511, 1, NULL),"
+                   " ('拉萨', 3648.7, 55591, 0, '12.5'),"
+                   " ('Big', 2.5, 70000, -1, 'not a number');"
+                   "CREATE TABLE Other (ID INTEGER PRIMARY KEY, StationId INTEGER);");
+    ASSERT_TRUE(db.OpenAccess(path, L"", L""));
+  }
+
+  TempDir dir;
+  CString path;
+  CADODatabase db;
+};
+
+}  // namespace
+
+TEST_F(CADORecordsetTest, CountsEveryRowOfTheResult) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station"));
+  EXPECT_EQ(rs.GetRecordCount(), 3u);
+}
+
+TEST_F(CADORecordsetTest, EmptyResultOpensWithNoRows) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"无\""));
+  EXPECT_TRUE(rs.IsOpen());
+  EXPECT_EQ(rs.GetRecordCount(), 0u);
+  EXPECT_TRUE(rs.IsEOF());
+}
+
+TEST_F(CADORecordsetTest, MoveNextWalksToTheEnd) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station order by ID"));
+  int rows = 0;
+  for (; !rs.IsEOF(); rs.MoveNext()) ++rows;
+  EXPECT_EQ(rows, 3);
+  rs.MoveNext();  // past the end stays at the end
+  EXPECT_TRUE(rs.IsEOF());
+  rs.MoveFirst();
+  EXPECT_FALSE(rs.IsEOF());
+  EXPECT_TRUE(rs.IsBOF());
+}
+
+TEST_F(CADORecordsetTest, ReadsEachTypeByName) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"拉萨\""));
+  CString name;
+  double height = 0;
+  long code = 0;
+  int icode = 0;
+  unsigned long ucode = 0;
+  bool flag = true;
+  ASSERT_TRUE(rs.GetFieldValue(L"Name", name));
+  ASSERT_TRUE(rs.GetFieldValue(L"Height", height));
+  ASSERT_TRUE(rs.GetFieldValue(L"Code", code));
+  ASSERT_TRUE(rs.GetFieldValue(L"Code", icode));
+  ASSERT_TRUE(rs.GetFieldValue(L"Code", ucode));
+  ASSERT_TRUE(rs.GetFieldValue(L"Flag", flag));
+  EXPECT_EQ(name, L"拉萨");
+  EXPECT_DOUBLE_EQ(height, 3648.7);
+  EXPECT_EQ(code, 55591);
+  EXPECT_EQ(icode, 55591);
+  EXPECT_EQ(ucode, 55591u);
+  EXPECT_FALSE(flag);
+}
+
+TEST_F(CADORecordsetTest, ReadsByIndex) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select Name, Code from Station where Name=\"北京\""));
+  CString name;
+  long code = 0;
+  ASSERT_TRUE(rs.GetFieldValue(0, name));
+  ASSERT_TRUE(rs.GetFieldValue(1, code));
+  EXPECT_EQ(name, L"北京");
+  EXPECT_EQ(code, 54511);
+  EXPECT_FALSE(rs.GetFieldValue(2, name));
+  EXPECT_FALSE(rs.GetFieldValue(-1, code));
+  EXPECT_EQ(rs.GetFieldCount(), 2);
+  EXPECT_EQ(rs.GetFieldName(1), L"Code");
+}
+
+TEST_F(CADORecordsetTest, ColumnNamesIgnoreCase) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"北京\""));
+  double height = 0;
+  EXPECT_TRUE(rs.GetFieldValue(L"HEIGHT", height));
+  EXPECT_DOUBLE_EQ(height, 31.3);
+}
+
+TEST_F(CADORecordsetTest, MissingColumnLeavesTheTargetUnchanged) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"北京\""));
+  double value = 7.25;
+  CString text = L"keep";
+  EXPECT_FALSE(rs.GetFieldValue(L"NoSuchColumn", value));
+  EXPECT_FALSE(rs.GetFieldValue(L"NoSuchColumn", text));
+  EXPECT_EQ(value, 7.25);
+  EXPECT_EQ(text, L"keep");
+}
+
+TEST_F(CADORecordsetTest, NullReadsAsEmptyTextButNotAsNumber) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"北京\""));
+  CString text = L"previous";
+  double number = 4.5;
+  EXPECT_TRUE(rs.GetFieldValue(L"Note", text));
+  EXPECT_TRUE(text.IsEmpty());
+  EXPECT_FALSE(rs.GetFieldValue(L"Note", number));
+  EXPECT_EQ(number, 4.5);
+}
+
+TEST_F(CADORecordsetTest, NumericTextReadsAsNumberOtherTextDoesNot) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station order by ID"));
+  rs.MoveNext();  // 拉萨: Note '12.5'
+  double number = 0;
+  EXPECT_TRUE(rs.GetFieldValue(L"Note", number));
+  EXPECT_EQ(number, 12.5);
+  rs.MoveNext();  // Big: Note 'not a number'
+  EXPECT_FALSE(rs.GetFieldValue(L"Note", number));
+  EXPECT_EQ(number, 12.5);
+}
+
+TEST_F(CADORecordsetTest, NumberReadsAsShortestText) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"北京\""));
+  CString text;
+  ASSERT_TRUE(rs.GetFieldValue(L"Height", text));
+  EXPECT_EQ(text, L"31.3");
+  ASSERT_TRUE(rs.GetFieldValue(L"Code", text));
+  EXPECT_EQ(text, L"54511");
+}
+
+TEST_F(CADORecordsetTest, RealReadAsIntegerRoundsToNearestEven) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"Big\""));
+  int value = 0;
+  ASSERT_TRUE(rs.GetFieldValue(L"Height", value));  // 2.5
+  EXPECT_EQ(value, 2);
+}
+
+TEST_F(CADORecordsetTest, NegativeNumberIsNotAnUnsignedLong) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"Big\""));
+  unsigned long value = 9;
+  EXPECT_FALSE(rs.GetFieldValue(L"Flag", value));  // -1
+  EXPECT_EQ(value, 9u);
+  bool flag = false;
+  EXPECT_TRUE(rs.GetFieldValue(L"Flag", flag));  // Access's true
+  EXPECT_TRUE(flag);
+}
+
+TEST_F(CADORecordsetTest, NumberOutside32BitsIsNotALong) {
+  ASSERT_TRUE(db.Execute(L"update Station set Code=4294967296 where Name=\"Big\""));
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"Big\""));
+  long value = 3;
+  EXPECT_FALSE(rs.GetFieldValue(L"Code", value));
+  EXPECT_EQ(value, 3);
+}
+
+TEST_F(CADORecordsetTest, ReadPastTheEndFails) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"无\""));
+  CString name = L"x";
+  EXPECT_FALSE(rs.GetFieldValue(L"Name", name));
+}
+
+TEST_F(CADORecordsetTest, FailedQueryKeepsItsReason) {
+  CADORecordset rs(&db);
+  EXPECT_FALSE(rs.Open(L"select * from NoSuchTable"));
+  EXPECT_NE(rs.GetLastError().Find(L"NoSuchTable"), -1);
+}
+
+TEST_F(CADORecordsetTest, OpenOnAConnectionOfAnotherKindFails) {
+  CADORecordset rs;
+  EXPECT_FALSE(rs.Open(db.GetActiveConnection(), db.GetActiveAdoap(), CADODatabase::connectTypeNone,
+                       L"select * from Station", 0));
+  EXPECT_TRUE(rs.Open(db.GetActiveConnection(), db.GetActiveAdoap(), db.GetCurrentConnectType(),
+                      L"select * from Station", 0));
+  EXPECT_EQ(rs.GetRecordCount(), 3u);
+}
+
+TEST_F(CADORecordsetTest, AddNewInsertsARowAndTakesItsKey) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where 1=0"));
+  ASSERT_TRUE(rs.AddNew());
+  ASSERT_TRUE(rs.SetFieldValue(L"Name", L"广州"));
+  ASSERT_TRUE(rs.SetFieldValue(L"Height", 41.0));
+  ASSERT_TRUE(rs.Update());
+  long id = 0;
+  ASSERT_TRUE(rs.GetFieldValue(L"ID", id));
+  EXPECT_EQ(id, 4);
+  EXPECT_EQ(QueryOne(path, "SELECT Name || '/' || Height FROM Station WHERE ID=4"), "广州/41.0");
+}
+
+TEST_F(CADORecordsetTest, KeyValueSetOnANewRowIsNotWritten) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where 1=0"));
+  ASSERT_TRUE(rs.AddNew());
+  EXPECT_TRUE(rs.SetFieldValue(L"ID", 1L));  // would collide with 北京
+  rs.SetFieldValue(L"Name", L"深圳");
+  ASSERT_TRUE(rs.Update());
+  EXPECT_EQ(QueryOne(path, "SELECT count(*) FROM Station"), "4");
+  EXPECT_EQ(QueryOne(path, "SELECT Name FROM Station WHERE ID=1"), "北京");
+}
+
+TEST_F(CADORecordsetTest, EditWritesTheCurrentRowOnly) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"拉萨\""));
+  ASSERT_TRUE(rs.Edit());
+  ASSERT_TRUE(rs.SetFieldValue(L"Height", 3650.0));
+  ASSERT_TRUE(rs.Update());
+  EXPECT_EQ(QueryOne(path, "SELECT Height FROM Station WHERE Name='拉萨'"), "3650.0");
+  EXPECT_EQ(QueryOne(path, "SELECT Height FROM Station WHERE Name='北京'"), "31.3");
+  double height = 0;
+  rs.GetFieldValue(L"Height", height);
+  EXPECT_EQ(height, 3650.0);
+}
+
+TEST_F(CADORecordsetTest, SetFieldValueOnACurrentRowStartsAnEdit) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"北京\""));
+  ASSERT_TRUE(rs.SetFieldValue(L"Note", CString(L"首都")));
+  ASSERT_TRUE(rs.Update());
+  EXPECT_EQ(QueryOne(path, "SELECT Note FROM Station WHERE Name='北京'"), "首都");
+}
+
+TEST_F(CADORecordsetTest, WriteToMissingColumnFailsAndOthersAreStillWritten) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where 1=0"));
+  ASSERT_TRUE(rs.AddNew());
+  EXPECT_TRUE(rs.SetFieldValue(L"Name", L"成都"));
+  EXPECT_FALSE(rs.SetFieldValue(L"NoSuchColumn", 5));
+  EXPECT_TRUE(rs.SetFieldValue(L"Code", 56294));
+  ASSERT_TRUE(rs.Update());
+  EXPECT_EQ(QueryOne(path, "SELECT Code FROM Station WHERE Name='成都'"), "56294");
+}
+
+TEST_F(CADORecordsetTest, EachTypeIsWrittenAsItsColumnValue) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"Big\""));
+  rs.SetFieldValue(L"Flag", true);
+  rs.SetFieldValue(L"Code", 4000000000UL);
+  rs.SetFieldValue(L"Height", -0.125);
+  ASSERT_TRUE(rs.Update());
+  EXPECT_EQ(QueryOne(path, "SELECT Flag || '/' || Code || '/' || Height FROM Station WHERE Name='Big'"),
+            "1/4000000000/-0.125");
+}
+
+TEST_F(CADORecordsetTest, LongOutside32BitsIsRefused) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"Big\""));
+  if (sizeof(long) == 4) GTEST_SKIP() << "long is 32 bits here";
+  EXPECT_FALSE(rs.SetFieldValue(L"Code", 5000000000L));
+}
+
+TEST_F(CADORecordsetTest, CancelUpdateWritesNothing) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"北京\""));
+  rs.SetFieldValue(L"Height", 1.0);
+  rs.CancelUpdate();
+  EXPECT_TRUE(rs.Update());
+  EXPECT_EQ(QueryOne(path, "SELECT Height FROM Station WHERE Name='北京'"), "31.3");
+}
+
+TEST_F(CADORecordsetTest, ReadOnlyOptionRefusesWrites) {
+  CADORecordset rs(&db);
+  CADOOP options;
+  options.nLockType = CADOOP::lockReadOnly;
+  ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"北京\"", options));
+  EXPECT_FALSE(rs.AddNew());
+  EXPECT_FALSE(rs.Edit());
+  EXPECT_FALSE(rs.SetFieldValue(L"Height", 1.0));
+}
+
+TEST_F(CADORecordsetTest, RowsOfAJoinCannotBeWrittenBack) {
+  ASSERT_TRUE(db.Execute(L"insert into Other (ID, StationId) values (1, 1)"));
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select Station.ID, Station.Name, Other.StationId from Station, Other where Other.StationId=Station.ID"));
+  ASSERT_EQ(rs.GetRecordCount(), 1u);
+  ASSERT_TRUE(rs.SetFieldValue(L"Name", L"x"));
+  EXPECT_FALSE(rs.Update());
+  EXPECT_EQ(QueryOne(path, "SELECT Name FROM Station WHERE ID=1"), "北京");
+}
+
+TEST_F(CADORecordsetTest, EditOfADeletedRowFails) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"北京\""));
+  ASSERT_TRUE(db.Execute(L"delete from Station where Name=\"北京\""));
+  rs.SetFieldValue(L"Height", 1.0);
+  EXPECT_FALSE(rs.Update());
+  EXPECT_EQ(QueryOne(path, "SELECT count(*) FROM Station"), "2");
+}
+
+TEST_F(CADORecordsetTest, ChineseTextRoundTripsThroughTheDatabase) {
+  const wchar_t* text = L"夏热冬冷地区·重庆市沙坪坝区 😀";
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where 1=0"));
+  rs.AddNew();
+  rs.SetFieldValue(L"Name", text);
+  ASSERT_TRUE(rs.Update());
+  CADORecordset back(&db);
+  ASSERT_TRUE(back.Open(L"select * from Station order by ID desc"));
+  CString name;
+  back.GetFieldValue(L"Name", name);
+  EXPECT_EQ(name, text);
+}

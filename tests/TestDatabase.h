@@ -3,6 +3,7 @@
 // and a database file built in it from SQL text.
 
 #include <filesystem>
+#include <functional>
 #include <string>
 
 #include "mfc/CString.h"
@@ -29,3 +30,8 @@ void CreateDatabase(const CString& path, const std::string& sql);
 // A single value read straight from a database with SQLite (not through the library), as text;
 // "<null>" for null, "<error: ...>" on failure.
 std::string QueryOne(const CString& path, const std::string& sql);
+
+// Runs body in a child process that, when the tests run as root, first drops to the unprivileged
+// user "nobody" (uid 65534), so that file permissions hold as they would for an engineer. Returns
+// body's result, or -1 when the child could not run it. Folders the child must reach need o+x.
+int RunUnprivileged(const std::function<int()>& body);

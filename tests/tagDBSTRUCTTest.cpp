@@ -1,1 +1,228 @@
+// The generic row operations of the record base, on a small record class made for the test.
+
 #include <gtest/gtest.h>
+
+#include "TestDatabase.h"
+#include "tablekit/CADODatabase.h"
+#include "tablekit/CADORecordset.h"
+#include "tablekit/tagDBSTRUCT.h"
+
+namespace {
+
+// A record with three fields, moved column by column the way the library's records move theirs:
+// the key through the base first, then each column, ignoring a column the table lacks.
+struct StationRecord : tagDBSTRUCT {
+  CString Name;
+  double Height = 0.0;
+  int Code = 0;
+
+  static CADODatabase* s_db;
+  CADODatabase* GetUserDatabase() const override { return s_db; }
+  CString GetTableName() override { return L"Station"; }
+
+ protected:
+  int GetDataFromRecordSet(CADORecordset& rs) override {
+    if (!tagDBSTRUCT::GetDataFromRecordSet(rs)) return 0;
+    rs.GetFieldValue(L"Name", Name);
+    rs.GetFieldValue(L"Height", Height);
+    rs.GetFieldValue(L"Code", Code);
+    return 1;
+  }
+  int SetDataToRecordSet(CADORecordset& rs) override {
+    if (!tagDBSTRUCT::SetDataToRecordSet(rs)) return 0;
+    rs.SetFieldValue(L"Name", Name);
+    rs.SetFieldValue(L"Height", Height);
+    rs.SetFieldValue(L"Code", Code);
+    return 1;
+  }
+};
+CADODatabase* StationRecord::s_db = nullptr;
+
+const char* kSchema =
+    "CREATE TABLE Station (ID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT COLLATE NOCASE, Height REAL, Code INTEGER);"
+    "INSERT INTO Station (Name, Height, Code) VALUES ('北京', 31.3, 54511), ('上海', 2.8, 58362);";
+
+class TagDbStructTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    path = dir.File("records.db");
+    CreateDatabase(path, kSchema);
+    ASSERT_TRUE(db.OpenAccess(path, L"", L""));
+    StationRecord::s_db = &db;
+  }
+  void TearDown() override { StationRecord::s_db = nullptr; }
+
+  TempDir dir;
+  CString path;
+  CADODatabase db;
+};
+
+}  // namespace
+
+TEST_F(TagDbStructTest, NewRecordHasKeyZero) {
+  StationRecord r;
+  EXPECT_EQ(r.GetID(), 0);
+  r.SetID(12);
+  EXPECT_EQ(r.GetID(), 12);
+}
+
+TEST_F(TagDbStructTest, CopyCarriesTheKey) {
+  StationRecord r;
+  r.SetID(7);
+  StationRecord copy(r);
+  EXPECT_EQ(copy.GetID(), 7);
+  StationRecord assigned;
+  assigned = r;
+  EXPECT_EQ(assigned.GetID(), 7);
+}
+
+TEST_F(TagDbStructTest, InsertDataSetsTheNewKey) {
+  StationRecord r;
+  r.Name = L"广州";
+  r.Height = 41.0;
+  r.Code = 59287;
+  r.SetID(1);  // a stale key is not reused: the database gives the key
+  ASSERT_TRUE(r.InsertData());
+  EXPECT_EQ(r.GetID(), 3);
+  EXPECT_EQ(QueryOne(path, "SELECT Name || '/' || Code FROM Station WHERE ID=3"), "广州/59287");
+  EXPECT_EQ(QueryOne(path, "SELECT Name FROM Station WHERE ID=1"), "北京");
+}
+
+TEST_F(TagDbStructTest, ReadDataLoadsTheRowWithThatKey) {
+  StationRecord r;
+  ASSERT_TRUE(r.ReadData(2));
+  EXPECT_EQ(r.GetID(), 2);
+  EXPECT_EQ(r.Name, L"上海");
+  EXPECT_DOUBLE_EQ(r.Height, 2.8);
+  EXPECT_EQ(r.Code, 58362);
+}
+
+TEST_F(TagDbStructTest, ReadDataOfMissingKeyFailsAndChangesNothing) {
+  StationRecord r;
+  r.Name = L"unchanged";
+  EXPECT_FALSE(r.ReadData(99));
+  EXPECT_EQ(r.Name, L"unchanged");
+}
+
+TEST_F(TagDbStructTest, UpdateDataWritesTheRowWithThatKeyOnly) {
+  StationRecord r;
+  ASSERT_TRUE(r.ReadData(1));
+  r.Height = 44.0;
+  ASSERT_TRUE(r.UpdateData(1));
+  EXPECT_EQ(QueryOne(path, "SELECT Height FROM Station WHERE ID=1"), "44.0");
+  EXPECT_EQ(QueryOne(path, "SELECT Height FROM Station WHERE ID=2"), "2.8");
+  EXPECT_EQ(QueryOne(path, "SELECT count(*) FROM Station"), "2");
+}
+
+TEST_F(TagDbStructTest, UpdateDataOfMissingKeyFailsAndAddsNothing) {
+  StationRecord r;
+  r.Name = L"nowhere";
+  EXPECT_FALSE(r.UpdateData(42));
+  EXPECT_EQ(QueryOne(path, "SELECT count(*) FROM Station"), "2");
+}
+
+TEST_F(TagDbStructTest, UpdateDataOnTheGivenConnection) {
+  TempDir other;
+  CString otherPath = other.File("other.db");
+  CreateDatabase(otherPath, kSchema);
+  CADODatabase otherDb;
+  ASSERT_TRUE(otherDb.OpenAccess(otherPath, L"", L""));
+  StationRecord r;
+  ASSERT_TRUE(r.ReadData(2));
+  r.Code = 1;
+  ASSERT_TRUE(r.UpdateData(2, &otherDb));
+  EXPECT_EQ(QueryOne(otherPath, "SELECT Code FROM Station WHERE ID=2"), "1");
+  EXPECT_EQ(QueryOne(path, "SELECT Code FROM Station WHERE ID=2"), "58362");
+}
+
+TEST_F(TagDbStructTest, WritingToATableWithoutOneColumnStoresTheOthers) {
+  CreateDatabase(path, "CREATE TABLE Narrow (ID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT, Code INTEGER);");
+  struct NarrowRecord : StationRecord {
+    CString GetTableName() override { return L"Narrow"; }
+  } r;
+  r.Name = L"哈尔滨";
+  r.Height = 142.3;  // Narrow has no Height column
+  r.Code = 50953;
+  ASSERT_TRUE(r.InsertData());
+  EXPECT_EQ(QueryOne(path, "SELECT Name || '/' || Code FROM Narrow WHERE ID=" + std::to_string(r.GetID())),
+            "哈尔滨/50953");
+}
+
+TEST_F(TagDbStructTest, ReadingFromATableWithoutOneColumnLeavesThatField) {
+  CreateDatabase(path, "CREATE TABLE Narrow (ID INTEGER PRIMARY KEY, Name TEXT, Code INTEGER);"
+                       "INSERT INTO Narrow VALUES (5, '昆明', 56778);");
+  struct NarrowRecord : StationRecord {
+    CString GetTableName() override { return L"Narrow"; }
+  } r;
+  r.Height = 1891.4;
+  ASSERT_TRUE(r.ReadData(5));
+  EXPECT_EQ(r.Name, L"昆明");
+  EXPECT_EQ(r.Height, 1891.4);
+}
+
+TEST_F(TagDbStructTest, RemoveDataDeletesThatRow) {
+  StationRecord r;
+  ASSERT_TRUE(r.RemoveData(1));
+  EXPECT_EQ(QueryOne(path, "SELECT count(*) FROM Station"), "1");
+  EXPECT_EQ(QueryOne(path, "SELECT Name FROM Station"), "上海");
+}
+
+TEST_F(TagDbStructTest, UpdateIdMovesTheRowToTheNewKey) {
+  StationRecord r;
+  ASSERT_TRUE(r.ReadData(2));
+  ASSERT_TRUE(r.UpdateID(20));
+  EXPECT_EQ(r.GetID(), 20);
+  EXPECT_EQ(QueryOne(path, "SELECT Name FROM Station WHERE ID=20"), "上海");
+}
+
+TEST_F(TagDbStructTest, UpdateIdToATakenKeyFailsAndKeepsTheKey) {
+  StationRecord r;
+  ASSERT_TRUE(r.ReadData(2));
+  EXPECT_FALSE(r.UpdateID(1));
+  EXPECT_EQ(r.GetID(), 2);
+}
+
+TEST_F(TagDbStructTest, ExecSqlFillsARecordSetOrRunsAStatement) {
+  StationRecord r;
+  CADORecordset rs;
+  ASSERT_TRUE(r.ExecSql(L"select * from Station where Code>55000", &rs, nullptr));
+  EXPECT_EQ(rs.GetRecordCount(), 1u);
+  ASSERT_TRUE(r.ExecSql(L"delete from Station where Code>55000", nullptr, nullptr));
+  EXPECT_EQ(QueryOne(path, "SELECT count(*) FROM Station"), "1");
+}
+
+TEST_F(TagDbStructTest, WithoutAConnectionEveryOperationFails) {
+  StationRecord::s_db = nullptr;
+  StationRecord r;
+  r.Name = L"x";
+  EXPECT_FALSE(r.InsertData());
+  EXPECT_FALSE(r.ReadData(1));
+  EXPECT_FALSE(r.UpdateData(1));
+  EXPECT_FALSE(r.RemoveData(1));
+  EXPECT_FALSE(r.ExecSql(L"delete from Station", nullptr, nullptr));
+  EXPECT_EQ(QueryOne(path, "SELECT count(*) FROM Station"), "2");
+}
+
+TEST_F(TagDbStructTest, ClosedConnectionFailsEveryOperation) {
+  CADODatabase closed;
+  StationRecord r;
+  EXPECT_FALSE(r.InsertData(&closed));
+  EXPECT_FALSE(r.ReadData(1, &closed));
+}
+
+TEST_F(TagDbStructTest, MissingTableFailsWithoutCrash) {
+  struct Lost : StationRecord {
+    CString GetTableName() override { return L"NoSuchTable"; }
+  } r;
+  EXPECT_FALSE(r.InsertData());
+  EXPECT_FALSE(r.ReadData(1));
+  EXPECT_FALSE(r.UpdateData(1));
+}
+
+TEST_F(TagDbStructTest, BaseRecordHasNoConnectionOrTable) {
+  tagDBSTRUCT base;
+  EXPECT_EQ(base.GetUserDatabase(), nullptr);
+  EXPECT_TRUE(base.GetTableName().IsEmpty());
+  EXPECT_TRUE(base.GetDataBasePath().IsEmpty());
+  EXPECT_FALSE(base.InsertData());
+}

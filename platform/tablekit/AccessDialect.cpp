@@ -142,7 +142,8 @@ bool TakeTop(std::vector<Token>& t, std::wstring& limit, std::string& error) {
     return false;
   }
   limit = t[n].text;
-  t.erase(t.begin() + static_cast<std::ptrdiff_t>(i), t.begin() + static_cast<std::ptrdiff_t>(n + 1));
+  std::size_t last = n + 1 < t.size() && t[n + 1].kind == Kind::Space ? n + 2 : n + 1;  // with its blank
+  t.erase(t.begin() + static_cast<std::ptrdiff_t>(i), t.begin() + static_cast<std::ptrdiff_t>(last));
   return true;
 }
 
@@ -184,11 +185,13 @@ void RewriteOrderBy(std::vector<Token>& t) {
       if (depth == 0 && IsComparison(t[k])) comparison = true;
     }
     if (comparison) {
-      out.push_back({Kind::Space, L" "});
-      out.push_back({Kind::Word, L"CASE WHEN"});
-      out.insert(out.end(), t.begin() + static_cast<std::ptrdiff_t>(i), t.begin() + static_cast<std::ptrdiff_t>(dir));
-      out.push_back({Kind::Word, L" THEN 0 ELSE 1 END "});
-      out.insert(out.end(), t.begin() + static_cast<std::ptrdiff_t>(dir), t.begin() + static_cast<std::ptrdiff_t>(end));
+      std::size_t first = SkipBlanks(t, i);
+      std::size_t last = dir;
+      while (last > first && t[last - 1].kind == Kind::Space) --last;
+      out.push_back({Kind::Word, L" CASE WHEN "});
+      out.insert(out.end(), t.begin() + static_cast<std::ptrdiff_t>(first), t.begin() + static_cast<std::ptrdiff_t>(last));
+      out.push_back({Kind::Word, L" THEN 0 ELSE 1 END"});
+      out.insert(out.end(), t.begin() + static_cast<std::ptrdiff_t>(last), t.begin() + static_cast<std::ptrdiff_t>(end));
     } else {
       out.insert(out.end(), t.begin() + static_cast<std::ptrdiff_t>(i), t.begin() + static_cast<std::ptrdiff_t>(end));
     }
