@@ -8,6 +8,9 @@ IMPLEMENT_DYNCREATE(CAData, CAObject)
 unsigned long CAData::kCurrentVersionNumber = 4;
 
 CAData* CAData::Clone() const {
+  // A class that declares no run-time class of its own would be created as its nearest declaring
+  // base: that is not a clone.
+  if (!GetRuntimeClass()->IsExactClassOf(*this)) return nullptr;
   std::unique_ptr<CObject> created(GetRuntimeClass()->CreateObject());
   auto* copy = dynamic_cast<CAData*>(created.get());
   if (copy == nullptr || copy->Copy(this) != ADataDef::AD_OK) return nullptr;
@@ -18,10 +21,11 @@ CAData* CAData::Clone() const {
 ADataDef::ErrorCode CAData::Copy(const CAData* other) {
   if (other == nullptr) return ADataDef::AD_INCOMPATIBLE;
   if (other == this) return ADataDef::AD_OK;
+  // A class with a run-time class of its own accepts its derived classes; one without (it reports
+  // its base's) can only be told apart by its C++ type, and accepts exactly that type.
   const CRuntimeClass* mine = GetRuntimeClass();
-  if (!other->IsKindOf(mine)) return ADataDef::AD_INCOMPATIBLE;
-  // A class that declares no run-time class reports CAData's; only the C++ type tells it apart.
-  if (mine == RUNTIME_CLASS(CAData) && typeid(*other) != typeid(*this)) return ADataDef::AD_INCOMPATIBLE;
+  bool related = mine->IsExactClassOf(*this) ? other->IsKindOf(mine) : typeid(*other) == typeid(*this);
+  if (!related) return ADataDef::AD_INCOMPATIBLE;
   CADataStream stream;
   const_cast<CAData*>(other)->DataOutPut(stream);
   return DataInPut(stream);

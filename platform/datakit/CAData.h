@@ -8,9 +8,10 @@
 //
 // Copy and Clone work for any derived class through the ordered stream: Copy writes the other object
 // to a fresh stream and reads this one from it. A class whose stream does not round-trip exactly
-// overrides Copy. Copy refuses (23) an object of an unrelated class: one whose run-time class does
-// not derive from this object's, or, for a class that declares no run-time class of its own, one of
-// another C++ type.
+// overrides Copy. Copy refuses (23) an object of an unrelated class: for a class that declares its own
+// run-time class, one whose run-time class does not derive from it; for a class that declares none
+// (it reports its base's), any object of another C++ type. Clone creates by run-time class, so it
+// needs DECLARE_DYNCREATE on the object's own class, and returns null otherwise.
 //
 // kCurrentVersionNumber is the stream version shared by every value (the newest version this
 // library writes, 4, unless a host sets another); classes with optional stream blocks consult it.

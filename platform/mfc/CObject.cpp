@@ -15,7 +15,8 @@ std::map<std::string, const CRuntimeClass*>& Registry() {
 
 }  // namespace
 
-const CRuntimeClass CObject::classCObject = {"CObject", static_cast<int>(sizeof(CObject)), nullptr, nullptr};
+const CRuntimeClass CObject::classCObject = {"CObject", static_cast<int>(sizeof(CObject)), nullptr, nullptr,
+                                           &typeid(CObject)};
 static const CRuntimeClassRegistration qk_register_CObject(&CObject::classCObject);
 
 const CRuntimeClass* CObject::GetThisClass() { return &classCObject; }
@@ -24,6 +25,10 @@ const CRuntimeClass* CObject::GetRuntimeClass() const { return &classCObject; }
 bool CObject::IsKindOf(const CRuntimeClass* cls) const { return GetRuntimeClass()->IsDerivedFrom(cls); }
 
 CObject* CRuntimeClass::CreateObject() const { return m_pfnCreateObject ? m_pfnCreateObject() : nullptr; }
+
+bool CRuntimeClass::IsExactClassOf(const CObject& obj) const {
+  return m_pTypeInfo != nullptr && *m_pTypeInfo == typeid(obj);
+}
 
 bool CRuntimeClass::IsDerivedFrom(const CRuntimeClass* base) const {
   if (base == nullptr) return false;

@@ -9,6 +9,8 @@
 // Defining the record registers the class, so CRuntimeClass::FromName finds it once the library is
 // loaded. A class that declares nothing reports the run-time class of its nearest declaring base.
 
+#include <typeinfo>
+
 #include "QKExport.h"
 
 class CObject;
@@ -18,6 +20,10 @@ struct QK_EXPORT CRuntimeClass {
   int m_nObjectSize;
   CObject* (*m_pfnCreateObject)();  // null when the class cannot be created by name
   const CRuntimeClass* m_pBaseClass;
+  const std::type_info* m_pTypeInfo;  // the C++ class that declared this record
+
+  // True iff obj is of exactly the class that declared this record (not of an undeclared subclass).
+  bool IsExactClassOf(const CObject& obj) const;
 
   // A new object of this class, or null when the class is not creatable. The caller owns it.
   CObject* CreateObject() const;
@@ -65,9 +71,9 @@ class QK_EXPORT CObject {
   DECLARE_DYNAMIC(class_name)         \
   static CObject* CreateObject();
 
-#define QK_IMPLEMENT_RUNTIMECLASS(class_name, base_name, pfnNew)                                     \
+#define QK_IMPLEMENT_RUNTIMECLASS(class_name, base_name, pfnNew)                                        \
   const CRuntimeClass class_name::class##class_name = {#class_name, static_cast<int>(sizeof(class_name)), \
-                                                       pfnNew, RUNTIME_CLASS(base_name)};          \
+                                                       pfnNew, RUNTIME_CLASS(base_name), &typeid(class_name)}; \
   const CRuntimeClass* class_name::GetThisClass() { return &class_name::class##class_name; }       \
   const CRuntimeClass* class_name::GetRuntimeClass() const { return &class_name::class##class_name; } \
   static const CRuntimeClassRegistration qk_register_##class_name(&class_name::class##class_name);

@@ -36,6 +36,26 @@ bool IsComparison(const Token& t) {
   return IsWord(t, L"like") || IsWord(t, L"is") || IsWord(t, L"in") || IsWord(t, L"between");
 }
 
+// Reads the run from sql[i] (its opening character) to the next close, and appends it as a token
+// wrapped in quote, with quote doubled inside. Advances i past the run.
+bool Requote(std::wstring_view sql, std::size_t& i, wchar_t close, wchar_t quote, Kind kind,
+             std::vector<Token>& tokens, std::string& error) {
+  std::size_t end = sql.find(close, i + 1);
+  if (end == std::wstring_view::npos) {
+    error = kind == Kind::Literal ? "unterminated double-quoted text" : "unterminated bracketed name";
+    return false;
+  }
+  std::wstring text(1, quote);
+  for (wchar_t ch : sql.substr(i + 1, end - i - 1)) {
+    if (ch == quote) text.push_back(quote);
+    text.push_back(ch);
+  }
+  text.push_back(quote);
+  tokens.push_back({kind, text});
+  i = end + 1;
+  return true;
+}
+
 // Splits the statement into tokens, converting Access texts and names on the way.
 bool Tokenize(std::wstring_view sql, std::vector<Token>& tokens, std::string& error) {
   std::size_t i = 0;
@@ -46,20 +66,8 @@ bool Tokenize(std::wstring_view sql, std::vector<Token>& tokens, std::string& er
       while (j < sql.size() && IsBlank(sql[j])) ++j;
       tokens.push_back({Kind::Space, L" "});
       i = j;
-    } else if (c == L'"') {
-      std::size_t end = sql.find(L'"', i + 1);
-      if (end == std::wstring_view::npos) {
-        error = "unterminated double-quoted text";
-        return false;
-      }
-      std::wstring lit = L"'";
-      for (wchar_t ch : sql.substr(i + 1, end - i - 1)) {
-        if (ch == L'\'') lit.push_back(L'\'');
-        lit.push_back(ch);
-      }
-      lit.push_back(L'\'');
-      tokens.push_back({Kind::Literal, lit});
-      i = end + 1;
+    } else if (c == L'"') {  // Access text: becomes a standard string literal
+      if (!Requote(sql, i, L'"', L'\'', Kind::Literal, tokens, error)) return false;
     } else if (c == L'\'') {
       std::size_t j = i + 1;
       for (;;) {
@@ -76,20 +84,8 @@ bool Tokenize(std::wstring_view sql, std::vector<Token>& tokens, std::string& er
       }
       tokens.push_back({Kind::Literal, std::wstring(sql.substr(i, j + 1 - i))});
       i = j + 1;
-    } else if (c == L'[') {
-      std::size_t end = sql.find(L']', i + 1);
-      if (end == std::wstring_view::npos) {
-        error = "unterminated bracketed name";
-        return false;
-      }
-      std::wstring id = L"\"";
-      for (wchar_t ch : sql.substr(i + 1, end - i - 1)) {
-        if (ch == L'"') id.push_back(L'"');
-        id.push_back(ch);
-      }
-      id.push_back(L'"');
-      tokens.push_back({Kind::Identifier, id});
-      i = end + 1;
+    } else if (c == L'[') {  // Access name: becomes a standard quoted identifier
+      if (!Requote(sql, i, L']', L'"', Kind::Identifier, tokens, error)) return false;
     } else if (c == L';') {
       for (std::size_t j = i + 1; j < sql.size(); ++j) {
         if (!IsBlank(sql[j]) && sql[j] != L';') {
