@@ -1,6 +1,7 @@
 // The generic row operations of the record base, on a small record class made for the test.
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "TestDatabase.h"
 #include "tablekit/CADODatabase.h"
@@ -225,4 +226,39 @@ TEST_F(TagDbStructTest, BaseRecordHasNoConnectionOrTable) {
   EXPECT_TRUE(base.GetTableName().IsEmpty());
   EXPECT_TRUE(base.GetDataBasePath().IsEmpty());
   EXPECT_FALSE(base.InsertData());
+}
+
+TEST(TagDbStruct, MissingDatabaseFileFailsEveryOperation) {
+  TempDir dir;
+  CADODatabase db;
+  EXPECT_FALSE(db.OpenAccess(dir.File("missing.db"), L"", L""));
+  StationRecord r;
+  r.Name = L"x";
+  EXPECT_FALSE(r.InsertData(&db));
+  EXPECT_FALSE(r.ReadData(1, &db));
+  EXPECT_FALSE(r.UpdateData(1, &db));
+  EXPECT_FALSE(r.RemoveData(1, &db));
+  EXPECT_EQ(r.GetID(), 0);
+}
+
+TEST(TagDbStruct, ReadOnlyDatabaseFileRefusesWritesAndKeepsItsRows) {
+  TempDir dir;
+  CString path = dir.File("ro.db");
+  CreateDatabase(path, kSchema);
+  chmod(dir.path().c_str(), 0755);
+  chmod(path.ToUtf8().c_str(), 0444);
+  // 0: every write refused; otherwise the number of the step that went wrong.
+  int result = RunUnprivileged([&] {
+    CADODatabase db;
+    if (!db.OpenAccess(path, L"", L"")) return 1;
+    StationRecord r;
+    if (!r.ReadData(1, &db)) return 2;
+    r.Height = 0.0;
+    if (r.UpdateData(1, &db)) return 3;
+    if (r.InsertData(&db)) return 4;
+    if (r.RemoveData(1, &db)) return 5;
+    return 0;
+  });
+  EXPECT_EQ(result, 0);
+  EXPECT_EQ(QueryOne(path, "SELECT count(*) || '/' || sum(Height) FROM Station"), "2/34.1");
 }

@@ -5,7 +5,8 @@
 //
 // Format follows the framework's wide printf rules, not the C library's: "%s" takes a wide string
 // (const wchar_t*), "%c" a wide character; numbers are always written with a "." as decimal point,
-// whatever locale the host has set, because the texts built here end up in SQL.
+// whatever locale the host has set, because the texts built here end up in SQL. Pass a CString to
+// "%s" as str.GetString(): the object itself cannot travel through "..." (the build refuses it).
 //
 // Case-insensitive comparison folds the ASCII letters only, exactly as the database's NOCASE
 // collation does, so that a comparison made here and one made by a query agree.
