@@ -3,7 +3,7 @@
 # nothing. Runs apt-get update only when something has to be installed.
 set -euo pipefail
 
-packages=(g++ cmake ninja-build pkg-config libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev)
+packages=(g++ cmake ninja-build pkg-config libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev locales)
 
 missing=()
 for p in "${packages[@]}"; do

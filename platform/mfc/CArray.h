@@ -10,6 +10,7 @@
 // (-1) lets the array choose: it grows geometrically.
 
 #include <algorithm>
+#include <limits>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -50,7 +51,8 @@ class CArray : public CObject {
 
   // Sets the element at index, growing the array (value-initialised gaps) when index is past the end.
   void SetAtGrow(int index, ARG_TYPE element) {
-    if (index < 0) throw std::invalid_argument("CArray::SetAtGrow: negative index");
+    if (index < 0 || index == std::numeric_limits<int>::max())
+      throw std::invalid_argument("CArray::SetAtGrow: index outside what an array can hold");
     if (index >= GetSize()) SetSize(index + 1);
     m_data[static_cast<std::size_t>(index)] = element;
   }
@@ -98,7 +100,8 @@ class CArray : public CObject {
     m_data.insert(m_data.begin() + startIndex, copy.begin(), copy.end());
   }
   void RemoveAt(int index, int count = 1) {
-    if (index < 0 || count < 0 || index + count > GetSize())
+    // Compared as count > size - index: index + count could overflow an int.
+    if (index < 0 || count < 0 || index > GetSize() || count > GetSize() - index)
       throw std::invalid_argument("CArray::RemoveAt: range outside the array");
     m_data.erase(m_data.begin() + index, m_data.begin() + index + count);
   }

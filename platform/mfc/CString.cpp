@@ -21,23 +21,23 @@ wchar_t UpperAscii(wchar_t c) { return (c >= L'a' && c <= L'z') ? static_cast<wc
 bool IsSpace(wchar_t c) { return c == L' ' || (c >= L'\t' && c <= L'\r'); }
 
 // snprintf with the "C" locale, so that a host's setlocale never turns "1.5" into "1,5".
-std::string FormatNumber(const char* spec, ...) {
+std::string FormatNumber(const char* conversion, ...) {
 #if !defined(_WIN32)
   static locale_t cLocale = newlocale(LC_ALL_MASK, "C", static_cast<locale_t>(0));
   locale_t previous = uselocale(cLocale);
 #endif
   va_list args;
-  va_start(args, spec);
+  va_start(args, conversion);
   va_list again;
   va_copy(again, args);
   char small[128];
-  int n = std::vsnprintf(small, sizeof small, spec, args);
+  int n = std::vsnprintf(small, sizeof small, conversion, args);
   std::string out;
   if (n >= 0 && static_cast<std::size_t>(n) < sizeof small) {
     out.assign(small, static_cast<std::size_t>(n));
   } else if (n >= 0) {
     out.resize(static_cast<std::size_t>(n) + 1);
-    std::vsnprintf(out.data(), out.size(), spec, again);
+    std::vsnprintf(out.data(), out.size(), conversion, again);
     out.resize(static_cast<std::size_t>(n));
   }
   va_end(again);
@@ -70,26 +70,26 @@ void FormatInto(std::wstring& out, const wchar_t* format, va_list args) {
       ++p;
       continue;
     }
-    std::string spec = "%";
+    std::string conversion = "%";
     bool leftAlign = false;
     while (*p == L'-' || *p == L'+' || *p == L' ' || *p == L'#' || *p == L'0') {
       if (*p == L'-') leftAlign = true;
-      spec.push_back(static_cast<char>(*p++));
+      conversion.push_back(static_cast<char>(*p++));
     }
     int width = 0;
     if (*p == L'*') {
       width = va_arg(args, int);
       if (width < 0) {
         leftAlign = true;
-        spec.push_back('-');
+        conversion.push_back('-');
         width = -width;
       }
-      spec += std::to_string(width);
+      conversion += std::to_string(width);
       ++p;
     } else {
       while (*p >= L'0' && *p <= L'9') {
         width = width * 10 + (*p - L'0');
-        spec.push_back(static_cast<char>(*p++));
+        conversion.push_back(static_cast<char>(*p++));
       }
     }
     int precision = -1;
@@ -102,7 +102,7 @@ void FormatInto(std::wstring& out, const wchar_t* format, va_list args) {
       } else {
         while (*p >= L'0' && *p <= L'9') precision = precision * 10 + (*p++ - L'0');
       }
-      if (precision >= 0) spec += "." + std::to_string(precision);
+      if (precision >= 0) conversion += "." + std::to_string(precision);
     }
     enum class Len { None, Short, Char, Long, LongLong, Size, Max, Ptrdiff, LongDouble } len = Len::None;
     if (*p == L'h') {
@@ -155,7 +155,7 @@ void FormatInto(std::wstring& out, const wchar_t* format, va_list args) {
           case Len::Char: v = static_cast<signed char>(va_arg(args, int)); break;
           default: v = va_arg(args, int); break;
         }
-        std::string text = FormatNumber((spec + "lld").c_str(), v);
+        std::string text = FormatNumber((conversion + "lld").c_str(), v);
         out.append(text.begin(), text.end());
         break;
       }
@@ -174,9 +174,9 @@ void FormatInto(std::wstring& out, const wchar_t* format, va_list args) {
           case Len::Char: v = static_cast<unsigned char>(va_arg(args, unsigned int)); break;
           default: v = va_arg(args, unsigned int); break;
         }
-        spec += "ll";
-        spec.push_back(static_cast<char>(conv));
-        std::string text = FormatNumber(spec.c_str(), v);
+        conversion += "ll";
+        conversion.push_back(static_cast<char>(conv));
+        std::string text = FormatNumber(conversion.c_str(), v);
         out.append(text.begin(), text.end());
         break;
       }
@@ -190,12 +190,12 @@ void FormatInto(std::wstring& out, const wchar_t* format, va_list args) {
       case L'A': {
         std::string text;
         if (len == Len::LongDouble) {
-          spec.push_back('L');
-          spec.push_back(static_cast<char>(conv));
-          text = FormatNumber(spec.c_str(), va_arg(args, long double));
+          conversion.push_back('L');
+          conversion.push_back(static_cast<char>(conv));
+          text = FormatNumber(conversion.c_str(), va_arg(args, long double));
         } else {
-          spec.push_back(static_cast<char>(conv));
-          text = FormatNumber(spec.c_str(), va_arg(args, double));
+          conversion.push_back(static_cast<char>(conv));
+          text = FormatNumber(conversion.c_str(), va_arg(args, double));
         }
         out.append(text.begin(), text.end());
         break;
@@ -290,10 +290,14 @@ void CString::FormatV(const wchar_t* format, va_list args) {
 }
 
 void CString::AppendFormat(const wchar_t* format, ...) {
+  // Formatted aside, then appended: the format may point into this string, whose buffer appending
+  // in place would move while the format is still being read.
+  std::wstring out;
   va_list args;
   va_start(args, format);
-  FormatInto(m_text, format, args);
+  FormatInto(out, format, args);
   va_end(args);
+  m_text += out;
 }
 
 CString& CString::operator+=(const CString& other) {
@@ -360,8 +364,10 @@ CString CString::Mid(int first, int count) const {
 
 int CString::Replace(const wchar_t* oldText, const wchar_t* newText) {
   if (oldText == nullptr || *oldText == 0) return 0;
-  std::wstring_view from(oldText);
-  std::wstring_view to(newText ? newText : L"");
+  // Copies, not views: either text may point into this string (a CString converts to its own
+  // buffer), which the first replacement can move or overwrite.
+  const std::wstring from(oldText);
+  const std::wstring to(newText ? newText : L"");
   int count = 0;
   for (std::size_t pos = m_text.find(from); pos != std::wstring::npos; pos = m_text.find(from, pos + to.size())) {
     m_text.replace(pos, from.size(), to);
