@@ -54,7 +54,14 @@ TEST_F(CADORecordsetTest, MoveNextWalksToTheEnd) {
   EXPECT_TRUE(rs.IsEOF());
   rs.MoveFirst();
   EXPECT_FALSE(rs.IsEOF());
+  EXPECT_FALSE(rs.IsBOF());
+}
+
+TEST_F(CADORecordsetTest, EmptyResultIsAtBothEnds) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where ID<0"));
   EXPECT_TRUE(rs.IsBOF());
+  EXPECT_TRUE(rs.IsEOF());
 }
 
 TEST_F(CADORecordsetTest, ReadsEachTypeByName) {

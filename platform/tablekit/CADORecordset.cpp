@@ -126,7 +126,8 @@ unsigned long CADORecordset::GetRecordCount() const {
 
 int CADORecordset::IsEOF() const { return !m_state->open || m_state->current >= m_state->result.rows.size(); }
 
-int CADORecordset::IsBOF() const { return !m_state->open || m_state->result.rows.empty() || m_state->current == 0; }
+// Rows are walked forward only, so the position is never before the first row unless there is none.
+int CADORecordset::IsBOF() const { return !m_state->open || m_state->result.rows.empty(); }
 
 void CADORecordset::MoveFirst() {
   CancelUpdate();

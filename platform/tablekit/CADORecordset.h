@@ -46,6 +46,7 @@ class QK_EXPORT CADORecordset {
   void Close();
 
   unsigned long GetRecordCount() const;
+  // Nonzero past the last row / before the first; both for an empty or closed record set.
   int IsEOF() const;
   int IsBOF() const;
   void MoveFirst();
