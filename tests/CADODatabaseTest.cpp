@@ -1,7 +1,6 @@
 // Opening, closing and running statements on real SQLite files.
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <fstream>
 
@@ -61,10 +60,7 @@ TEST(CADODatabase, FileThatIsNotADatabaseFailsToOpen) {
 
 TEST(CADODatabase, ReadOnlyFileReadsButRefusesWrites) {
   TempDir dir;
-  CString path = dir.File("ro.db");
-  CreateDatabase(path, kSchema);
-  chmod(dir.path().c_str(), 0755);
-  chmod(path.ToUtf8().c_str(), 0444);
+  CString path = CreateReadOnlyDatabase(dir, "ro.db", kSchema);
   // 1: open failed, 2: read failed, 3: the write went through.
   int result = RunUnprivileged([&] {
     CADODatabase db;

@@ -329,3 +329,14 @@ TEST_F(CADORecordsetTest, ChineseTextRoundTripsThroughTheDatabase) {
   back.GetFieldValue(L"Name", name);
   EXPECT_EQ(name, text);
 }
+
+TEST_F(CADORecordsetTest, HugeRealIsNoIntegerOfAnyKind) {
+  ASSERT_TRUE(db.Execute(L"update Station set Height=9.3e18 where Name=\"Big\""));
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"Big\""));
+  bool flag = false;
+  long value = 5;
+  EXPECT_FALSE(rs.GetFieldValue(L"Height", flag));
+  EXPECT_FALSE(rs.GetFieldValue(L"Height", value));
+  EXPECT_EQ(value, 5);
+}

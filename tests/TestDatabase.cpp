@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -38,6 +39,14 @@ void CreateDatabase(const CString& path, const std::string& sql) {
   sqlite3_free(error);
   sqlite3_close(db);
   ASSERT_EQ(rc, SQLITE_OK) << message;
+}
+
+CString CreateReadOnlyDatabase(const TempDir& dir, const std::string& name, const std::string& sql) {
+  CString path = dir.File(name);
+  CreateDatabase(path, sql);
+  chmod(dir.path().c_str(), 0755);
+  chmod(path.ToUtf8().c_str(), 0444);
+  return path;
 }
 
 std::string QueryOne(const CString& path, const std::string& sql) {

@@ -1,7 +1,6 @@
 // The generic row operations of the record base, on a small record class made for the test.
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include "TestDatabase.h"
 #include "tablekit/CADODatabase.h"
@@ -243,10 +242,7 @@ TEST(TagDbStruct, MissingDatabaseFileFailsEveryOperation) {
 
 TEST(TagDbStruct, ReadOnlyDatabaseFileRefusesWritesAndKeepsItsRows) {
   TempDir dir;
-  CString path = dir.File("ro.db");
-  CreateDatabase(path, kSchema);
-  chmod(dir.path().c_str(), 0755);
-  chmod(path.ToUtf8().c_str(), 0444);
+  CString path = CreateReadOnlyDatabase(dir, "ro.db", kSchema);
   // 0: every write refused; otherwise the number of the step that went wrong.
   int result = RunUnprivileged([&] {
     CADODatabase db;

@@ -51,7 +51,8 @@ bool FieldValue::AsInteger(long long lo, long long hi, long long& out) const {
     v = integer;
   } else if (AsDouble(d)) {
     d = std::nearbyint(d);
-    if (!(d >= static_cast<double>(lo) && d <= static_cast<double>(hi))) return false;
+    // The bounds as doubles round outward near 2^63; the magnitude test keeps the cast defined.
+    if (!(d >= static_cast<double>(lo) && d <= static_cast<double>(hi)) || std::fabs(d) >= 9.2e18) return false;
     v = static_cast<long long>(d);
   } else {
     return false;
