@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <regex>
 #include <string>
 #include <sys/wait.h>
 
@@ -31,8 +32,7 @@ ToolRun Qkdb(const std::string& args) {
 TEST(QkdbTool, VersionPrintsTheVersionAndSucceeds) {
   ToolRun run = Qkdb("--version");
   EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(run.out.rfind("qkdb ", 0), 0u) << run.out;
-  EXPECT_NE(run.out.find("QKModelDataBase"), std::string::npos);
+  EXPECT_TRUE(std::regex_match(run.out, std::regex("qkdb [0-9]+\\.[0-9]+\\.[0-9]+\n"))) << run.out;
 }
 
 TEST(QkdbTool, HelpListsTheCommands) {

@@ -14,7 +14,7 @@ CAData* CAData::Clone() const {
   std::unique_ptr<CObject> created(GetRuntimeClass()->CreateObject());
   auto* copy = dynamic_cast<CAData*>(created.get());
   if (copy == nullptr || copy->Copy(this) != ADataDef::AD_OK) return nullptr;
-  created.release();
+  (void)created.release();  // the caller owns it, through copy
   return copy;
 }
 

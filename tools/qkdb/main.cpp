@@ -14,7 +14,7 @@ const wchar_t* kUsage =
     L"\n"
     L"commands:\n"
     L"  --help, -h       show this text\n"
-    L"  --version        show the version of qkdb and of the library\n";
+    L"  --version        show the version (the tool and the library are released together)\n";
 
 void Print(std::FILE* to, const wchar_t* text) { std::fputs(CString(text).ToUtf8().c_str(), to); }
 
@@ -32,7 +32,7 @@ int main(int argc, char** argv) {
   }
   if (command == "--version") {
     CString text;
-    text.Format(L"qkdb %hs (QKModelDataBase %hs)\n", QKDB_VERSION, QKDB_VERSION);
+    text.Format(L"qkdb %hs\n", QKDB_VERSION);
     Print(stdout, text);
     return 0;
   }
