@@ -39,6 +39,16 @@ T FromLittleEndian(const std::uint8_t* raw) {
   return value;
 }
 
+// Reads one fixed-size item at pos and advances pos; AD_ENDOFSTREAM, with nothing moved, when the
+// bytes that remain are fewer than the item needs.
+template <class T>
+int TakeLittleEndian(const std::vector<std::uint8_t>& bytes, std::size_t& pos, T* out) {
+  if (bytes.size() - pos < sizeof(T)) return AD_ENDOFSTREAM;
+  *out = FromLittleEndian<T>(bytes.data() + pos);
+  pos += sizeof(T);
+  return AD_OK;
+}
+
 }  // namespace
 
 CADataStream::CADataStream() : m_buffer(std::make_shared<Buffer>()) {}
@@ -82,18 +92,11 @@ int CADataStream::WriteItem(const CString& value) {
 
 int CADataStream::WriteItem(const wchar_t* value) { return WriteItem(CString(value)); }
 
-int CADataStream::ReadFixed(void* out, std::size_t size) {
-  if (GetRemaining() < size) return AD_ENDOFSTREAM;
-  std::memcpy(out, m_buffer->bytes.data() + m_buffer->readPos, size);
-  m_buffer->readPos += size;
-  return AD_OK;
-}
-
 int CADataStream::ReadItem(int* value) {
-  if (GetRemaining() < 4) return AD_ENDOFSTREAM;
-  *value = FromLittleEndian<std::int32_t>(m_buffer->bytes.data() + m_buffer->readPos);
-  m_buffer->readPos += 4;
-  return AD_OK;
+  std::int32_t v;
+  int rc = TakeLittleEndian(m_buffer->bytes, m_buffer->readPos, &v);
+  if (rc == AD_OK) *value = v;
+  return rc;
 }
 
 int CADataStream::ReadItem(long* value) {
@@ -104,18 +107,13 @@ int CADataStream::ReadItem(long* value) {
 }
 
 int CADataStream::ReadItem(unsigned long* value) {
-  if (GetRemaining() < 4) return AD_ENDOFSTREAM;
-  *value = FromLittleEndian<std::uint32_t>(m_buffer->bytes.data() + m_buffer->readPos);
-  m_buffer->readPos += 4;
-  return AD_OK;
+  std::uint32_t v;
+  int rc = TakeLittleEndian(m_buffer->bytes, m_buffer->readPos, &v);
+  if (rc == AD_OK) *value = v;
+  return rc;
 }
 
-int CADataStream::ReadItem(double* value) {
-  if (GetRemaining() < 8) return AD_ENDOFSTREAM;
-  *value = FromLittleEndian<double>(m_buffer->bytes.data() + m_buffer->readPos);
-  m_buffer->readPos += 8;
-  return AD_OK;
-}
+int CADataStream::ReadItem(double* value) { return TakeLittleEndian(m_buffer->bytes, m_buffer->readPos, value); }
 
 int CADataStream::ReadItem(CString* value) {
   if (GetRemaining() < 4) return AD_ENDOFSTREAM;
@@ -136,7 +134,12 @@ int CADataStream::WriteRaw(const void* bytes, std::size_t size) {
   return AD_OK;
 }
 
-int CADataStream::ReadRaw(void* bytes, std::size_t size) { return ReadFixed(bytes, size); }
+int CADataStream::ReadRaw(void* bytes, std::size_t size) {
+  if (GetRemaining() < size) return AD_ENDOFSTREAM;
+  if (size) std::memcpy(bytes, m_buffer->bytes.data() + m_buffer->readPos, size);
+  m_buffer->readPos += size;
+  return AD_OK;
+}
 
 int CADataStream::WriteCount(std::uint64_t count) {
   if (count < 0xFFFF) {
@@ -154,32 +157,21 @@ int CADataStream::WriteCount(std::uint64_t count) {
 }
 
 int CADataStream::ReadCount(std::uint64_t* count, std::uint64_t minElementBytes) {
-  const std::size_t start = m_buffer->readPos;
+  std::size_t pos = m_buffer->readPos;  // committed only when the whole count is good
+  const auto& bytes = m_buffer->bytes;
+  std::uint16_t small = 0;
+  std::uint32_t mid = 0;
   std::uint64_t value = 0;
-  std::uint16_t small;
-  int rc = ReadFixed(&small, 2);
-  if (rc == AD_OK) {
-    small = FromLittleEndian<std::uint16_t>(reinterpret_cast<std::uint8_t*>(&small));
-    value = small;
-    if (small == 0xFFFF) {
-      std::uint32_t mid;
-      rc = ReadFixed(&mid, 4);
-      if (rc == AD_OK) {
-        mid = FromLittleEndian<std::uint32_t>(reinterpret_cast<std::uint8_t*>(&mid));
-        value = mid;
-        if (mid == 0xFFFFFFFFu) {
-          std::uint64_t big;
-          rc = ReadFixed(&big, 8);
-          if (rc == AD_OK) value = FromLittleEndian<std::uint64_t>(reinterpret_cast<std::uint8_t*>(&big));
-        }
-      }
-    }
+  int rc = TakeLittleEndian(bytes, pos, &small);
+  value = small;
+  if (rc == AD_OK && small == 0xFFFF) {
+    rc = TakeLittleEndian(bytes, pos, &mid);
+    value = mid;
+    if (rc == AD_OK && mid == 0xFFFFFFFFu) rc = TakeLittleEndian(bytes, pos, &value);
   }
-  if (rc == AD_OK && minElementBytes > 0 && value > GetRemaining() / minElementBytes) rc = AD_BADCOUNT;
-  if (rc != AD_OK) {
-    m_buffer->readPos = start;
-    return rc;
-  }
+  if (rc != AD_OK) return rc;
+  if (minElementBytes > 0 && value > (bytes.size() - pos) / minElementBytes) return AD_BADCOUNT;
+  m_buffer->readPos = pos;
   *count = value;
   return AD_OK;
 }

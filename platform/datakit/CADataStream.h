@@ -67,6 +67,5 @@ class QK_EXPORT CADataStream {
 
  private:
   struct Buffer;
-  int ReadFixed(void* out, std::size_t size);
   std::shared_ptr<Buffer> m_buffer;
 };

@@ -115,7 +115,7 @@ class CMap : public CObject {
     const Assoc* a = static_cast<const Assoc*>(pos);
     key = a->key;
     value = a->value;
-    pos = a->next ? a->next : FirstFrom(a->hash % m_tableSize + 1);
+    pos = After(a);
   }
 
   template <class Stream>
@@ -125,7 +125,7 @@ class CMap : public CObject {
       const Assoc* a = static_cast<const Assoc*>(pos);
       rc = qk::archive::StoreElement(s, a->key);
       if (rc == 0) rc = qk::archive::StoreElement(s, a->value);
-      pos = a->next ? a->next : FirstFrom(a->hash % m_tableSize + 1);
+      pos = After(a);
     }
     return rc;
   }
@@ -151,6 +151,8 @@ class CMap : public CObject {
     }
     return nullptr;
   }
+  // The entry after a in bucket order, or null.
+  POSITION After(const Assoc* a) const { return a->next ? a->next : FirstFrom(a->hash % m_tableSize + 1); }
   POSITION FirstFrom(std::size_t bucket) const {
     for (; bucket < m_buckets.size(); ++bucket) {
       if (m_buckets[bucket]) return m_buckets[bucket];

@@ -114,6 +114,12 @@ bool Tokenize(std::wstring_view sql, std::vector<Token>& tokens, std::string& er
   return true;
 }
 
+// +1 for an opening parenthesis, -1 for a closing one, 0 otherwise.
+int DepthChange(const Token& t) {
+  if (t.kind != Kind::Punct) return 0;
+  return t.text == L"(" ? 1 : (t.text == L")" ? -1 : 0);
+}
+
 // Index of the next token that is not a blank, at or after i.
 std::size_t SkipBlanks(const std::vector<Token>& t, std::size_t i) {
   while (i < t.size() && t[i].kind == Kind::Space) ++i;
@@ -148,8 +154,7 @@ void RewriteOrderBy(std::vector<Token>& t) {
   int depth = 0;
   std::size_t start = t.size();
   for (std::size_t i = 0; i < t.size(); ++i) {
-    if (t[i].text == L"(" && t[i].kind == Kind::Punct) ++depth;
-    if (t[i].text == L")" && t[i].kind == Kind::Punct) --depth;
+    depth += DepthChange(t[i]);
     if (depth == 0 && IsWord(t[i], L"order")) {
       std::size_t j = SkipBlanks(t, i + 1);
       if (j < t.size() && IsWord(t[j], L"by")) start = j + 1;
@@ -164,9 +169,7 @@ void RewriteOrderBy(std::vector<Token>& t) {
     std::size_t end = i;
     depth = 0;
     while (end < t.size() && !(depth == 0 && t[end].kind == Kind::Punct && t[end].text == L",")) {
-      if (t[end].kind == Kind::Punct && t[end].text == L"(") ++depth;
-      if (t[end].kind == Kind::Punct && t[end].text == L")") --depth;
-      ++end;
+      depth += DepthChange(t[end++]);
     }
     // Its direction word, if any, stays outside the rewritten expression.
     std::size_t exprEnd = end;
@@ -176,8 +179,7 @@ void RewriteOrderBy(std::vector<Token>& t) {
     bool comparison = false;
     depth = 0;
     for (std::size_t k = i; k < dir; ++k) {
-      if (t[k].kind == Kind::Punct && t[k].text == L"(") ++depth;
-      if (t[k].kind == Kind::Punct && t[k].text == L")") --depth;
+      depth += DepthChange(t[k]);
       if (depth == 0 && IsComparison(t[k])) comparison = true;
     }
     if (comparison) {

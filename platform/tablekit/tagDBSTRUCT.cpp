@@ -10,6 +10,12 @@ int tagDBSTRUCT::IsIDSort() const { return 1; }
 int tagDBSTRUCT::IsDefaultData() const { return 0; }
 int tagDBSTRUCT::AsUserVerData() { return 1; }
 
+CString tagDBSTRUCT::SelectRow(long id) {
+  CString sql;
+  sql.Format(L"select * from [%s] where ID=%ld", GetTableName().GetString(), id);
+  return sql;
+}
+
 CADODatabase* tagDBSTRUCT::Resolve(CADODatabase* db) const { return db ? db : GetUserDatabase(); }
 
 int tagDBSTRUCT::ReadRecords(const wchar_t* sql, CADORecordset& rs, CADODatabase* db) {
@@ -25,17 +31,15 @@ int tagDBSTRUCT::ExecSql(const wchar_t* sql, CADORecordset* rs, CADODatabase* db
 }
 
 int tagDBSTRUCT::ReadData(long id, CADODatabase* db) {
-  CString sql;
-  sql.Format(L"select * from [%s] where ID=%ld", GetTableName().GetString(), id);
   CADORecordset rs;
+  CString sql = SelectRow(id);
   if (!ReadRecords(sql, rs, db) || rs.IsEOF()) return 0;
   return GetDataFromRecordSet(rs);
 }
 
 int tagDBSTRUCT::UpdateData(long id, CADODatabase* db) {
-  CString sql;
-  sql.Format(L"select * from [%s] where ID=%ld", GetTableName().GetString(), id);
   CADORecordset rs;
+  CString sql = SelectRow(id);
   if (!ReadRecords(sql, rs, db) || rs.IsEOF() || !rs.Edit()) return 0;
   if (!SetDataToRecordSet(rs)) {
     rs.CancelUpdate();

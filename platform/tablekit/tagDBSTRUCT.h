@@ -58,4 +58,6 @@ struct QK_EXPORT tagDBSTRUCT {
 
  private:
   CADODatabase* Resolve(CADODatabase* db) const;
+  // The query for the row with key id of this record's table.
+  CString SelectRow(long id);
 };
