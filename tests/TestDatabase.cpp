@@ -9,6 +9,8 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
+#include <sstream>
 #include <system_error>
 
 TempDir::TempDir() {
@@ -39,6 +41,16 @@ void CreateDatabase(const CString& path, const std::string& sql) {
   sqlite3_free(error);
   sqlite3_close(db);
   ASSERT_EQ(rc, SQLITE_OK) << message;
+}
+
+CString CreateReferenceDatabase(const TempDir& dir, const std::string& name) {
+  std::ifstream file(QK_SCHEMA_FILE);
+  std::ostringstream sql;
+  sql << file.rdbuf();
+  EXPECT_TRUE(file.is_open()) << "cannot read " << QK_SCHEMA_FILE;
+  CString path = dir.File(name);
+  CreateDatabase(path, sql.str());
+  return path;
 }
 
 CString CreateReadOnlyDatabase(const TempDir& dir, const std::string& name, const std::string& sql) {

@@ -27,6 +27,10 @@ class TempDir {
 // calling test on an SQL error.
 void CreateDatabase(const CString& path, const std::string& sql);
 
+// Creates the database name in dir from the project's schema (data/schema.sql), with every table of
+// the reference database and no rows. Returns its path.
+CString CreateReferenceDatabase(const TempDir& dir, const std::string& name = "reference.db");
+
 // Creates the database name in dir from sql, then makes the file read-only (0444) and the folder
 // reachable by any user (0755), for RunUnprivileged. Returns the file's path.
 CString CreateReadOnlyDatabase(const TempDir& dir, const std::string& name, const std::string& sql);

@@ -1,0 +1,35 @@
+#include "foundation/QKRecordVerbs.h"
+
+#include <new>
+
+#include "datakit/CADataProp.h"
+#include "foundation/CQKDataProp.h"
+#include "tablekit/CADODatabase.h"
+
+namespace QKRecordVerbs {
+
+CADODatabase* ClassConnection(CADODatabase*& connection, const CString& path) {
+  if (connection == nullptr) connection = new (std::nothrow) CADODatabase;
+  if (connection != nullptr && !connection->IsOpen()) connection->OpenAccess(path, L"", L"");
+  return connection;
+}
+
+void ReadItems(CADORecordset& rs, CAData& value) {
+  CQKDataProp row(&rs);
+  value.DataInPro(CADataExchange(CADataProp<CQKDataProp>(&row)));
+}
+
+void WriteItems(CADORecordset& rs, CAData& value) {
+  CQKDataProp row(&rs);
+  value.DataOutPro(CADataExchange(CADataProp<CQKDataProp>(&row)));
+}
+
+void ReadKey(tagDBSTRUCT& record, const wchar_t* sql, CADODatabase* db) {
+  CADORecordset rs;
+  if (!record.ExecSql(sql, &rs, db)) return;
+  long id = record.GetID();
+  if (rs.GetFieldValue(L"ID", id)) record.SetID(id);
+  rs.Close();
+}
+
+}  // namespace QKRecordVerbs

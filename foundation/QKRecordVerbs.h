@@ -1,0 +1,105 @@
+#pragma once
+// The steps that every record class shares (a value class bound to a table through tagDBSTRUCT),
+// written once here and used by each record's own verbs, which only supply their query texts and
+// the temporary record that carries their natural key. Internal to the library.
+//
+// Every record class has the same class-wide members: the path of its database, its table and one
+// connection, opened on first use and kept for the life of the process. QK_IMPLEMENT_RECORD_TABLE
+// defines them with S_Init, GetUserDatabase, GetTableName and GetDataBasePath;
+// QK_IMPLEMENT_RECORD_ROW defines the row movement through the named exchange and MakeObjectFromRS.
+
+#include "datakit/CAData.h"
+#include "foundation/QKLoad.h"
+#include "mfc/CString.h"
+#include "tablekit/CADORecordset.h"
+#include "tablekit/tagDBSTRUCT.h"
+
+class CADODatabase;
+
+namespace QKRecordVerbs {
+
+// The class-wide connection: created on first use (it stays null if that allocation fails), opened
+// on path whenever it is found closed (a failed open is not reported here: the next query fails).
+CADODatabase* ClassConnection(CADODatabase*& connection, const CString& path);
+
+// Reads the named items of value from the columns of the current row of rs, and writes them.
+void ReadItems(CADORecordset& rs, CAData& value);
+void WriteItems(CADORecordset& rs, CAData& value);
+
+// Reads the "ID" of the first row of sql into record. When the query fails, or finds no row, the
+// key is left as it was.
+void ReadKey(tagDBSTRUCT& record, const wchar_t* sql, CADODatabase* db);
+
+// Runs sql and loads its first row into record: DBS_EXIST (record is now that row, its ID
+// included), DBS_NOTEXIST for no row, DBS_ERROR when the query fails. A null db is the record's own.
+template <class Record>
+QKLoad::DBStatusCode LoadFirst(Record& record, const wchar_t* sql, CADODatabase* db) {
+  CADORecordset rs;
+  if (!record.ExecSql(sql, &rs, db)) return QKLoad::DBS_ERROR;
+  if (rs.GetRecordCount() < 1) {
+    rs.Close();
+    return QKLoad::DBS_NOTEXIST;
+  }
+  record.MakeObjectFromRS(rs);
+  rs.Close();
+  return QKLoad::DBS_EXIST;
+}
+
+// Inserts self unless probe (a fresh record holding self's natural key) finds a stored row. A found
+// row becomes self when bTakeExisting is nonzero. DBS_ADDED, DBS_EXIST or DBS_ERROR.
+template <class Record>
+QKLoad::DBStatusCode AddIfNotExist(Record& self, Record& probe, CADODatabase* db, int bTakeExisting) {
+  if (db == nullptr) db = self.GetUserDatabase();
+  QKLoad::DBStatusCode found = probe.IsExist(db);
+  if (found == QKLoad::DBS_EXIST && bTakeExisting) {
+    self = probe;
+    return QKLoad::DBS_EXIST;
+  }
+  if (found == QKLoad::DBS_NOTEXIST) return self.InsertData(db) ? QKLoad::DBS_ADDED : QKLoad::DBS_ERROR;
+  return found;
+}
+
+// Writes self into its own row unless probe (a fresh record holding self's natural key) finds that
+// key on another row; that row becomes self when bTakeOther is nonzero, and nothing is written.
+// DBS_UPDATED, DBS_EXIST or DBS_ERROR. A key that no row holds is written in place: a rename.
+template <class Record>
+QKLoad::DBStatusCode UpdateIfNoOther(Record& self, Record& probe, CADODatabase* db, int bTakeOther) {
+  if (db == nullptr) db = self.GetUserDatabase();
+  QKLoad::DBStatusCode found = probe.IsExist(db);
+  if (found == QKLoad::DBS_ERROR) return QKLoad::DBS_ERROR;
+  if (found == QKLoad::DBS_EXIST && probe.GetID() != self.GetID()) {
+    if (bTakeOther) self = probe;
+    return QKLoad::DBS_EXIST;
+  }
+  return self.UpdateData(self.GetID(), db) ? QKLoad::DBS_UPDATED : QKLoad::DBS_ERROR;
+}
+
+}  // namespace QKRecordVerbs
+
+#define QK_IMPLEMENT_RECORD_TABLE(Record)                                                       \
+  CString Record::s_m_strDataBasePath;                                                          \
+  CString Record::s_m_strTableName;                                                             \
+  CADODatabase* Record::m_pADODatabase = nullptr;                                               \
+  void Record::S_Init(const wchar_t* dataBasePath, const wchar_t* tableName) {                  \
+    s_m_strDataBasePath = dataBasePath;                                                         \
+    s_m_strTableName = tableName;                                                               \
+  }                                                                                             \
+  /* The path comes through the virtual GetDataBasePath, so a host's subclass can redirect it. */ \
+  CADODatabase* Record::GetUserDatabase() const {                                               \
+    return QKRecordVerbs::ClassConnection(m_pADODatabase, const_cast<Record*>(this)->GetDataBasePath()); \
+  }                                                                                             \
+  CString Record::GetTableName() { return s_m_strTableName; }                                   \
+  CString Record::GetDataBasePath() { return s_m_strDataBasePath; }
+
+#define QK_IMPLEMENT_RECORD_ROW(Record, Value)                                                  \
+  int Record::MakeObjectFromRS(CADORecordset& rs) { return GetDataFromRecordSet(rs); }          \
+  int Record::GetDataFromRecordSet(CADORecordset& rs) {                                         \
+    if (!tagDBSTRUCT::GetDataFromRecordSet(rs)) return 0;                                       \
+    QKRecordVerbs::ReadItems(rs, static_cast<Value&>(*this));                                   \
+    return 1;                                                                                   \
+  }                                                                                             \
+  int Record::SetDataToRecordSet(CADORecordset& rs) {                                           \
+    if (!tagDBSTRUCT::SetDataToRecordSet(rs)) return 0;                                         \
+    QKRecordVerbs::WriteItems(rs, static_cast<Value&>(*this));                                  \
+    return 1;                                                                                   \
+  }
