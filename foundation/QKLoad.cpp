@@ -1,0 +1,58 @@
+#include "foundation/QKLoad.h"
+
+namespace QKLoad {
+
+namespace {
+double g_djCnWd = 0.0;
+}  // namespace
+
+void SplitString(const wchar_t* text, CStringArray& parts, wchar_t separator) {
+  parts.RemoveAll();
+  if (text == nullptr) return;
+  const wchar_t* start = text;
+  const wchar_t* p = text;
+  for (; *p != L'\0'; ++p) {
+    if (*p != separator) continue;
+    if (p > start) parts.Add(CString(start, static_cast<int>(p - start)));
+    start = p + 1;
+  }
+  if (p > start) parts.Add(CString(start, static_cast<int>(p - start)));
+}
+
+CString DblToStr(double value, int decimals) {
+  if (decimals < 0) return CString();
+  CString format;
+  format.Format(L"%%.%df", decimals);
+  CString text;
+  text.Format(format, value);
+  // Only a fraction loses its zeros: "100" stays "100".
+  if (text.Find(L'.') >= 0) {
+    text.TrimRight(L'0');
+    text.TrimRight(L'.');
+  }
+  return text;
+}
+
+CString IntToStr(int value) {
+  CString text;
+  text.Format(L"%d", value);
+  return text;
+}
+
+void SetDjCnWd(double value) { g_djCnWd = value; }
+double GetDjCnWd() { return g_djCnWd; }
+
+// The design-day values were never filled in: nothing stores them, so every getter reads 0.0 and
+// every setter below ignores its array.
+double GetDjGqWd() { return 0.0; }
+double GetDjSqWd() { return 0.0; }
+double GetDjXdSd() { return 0.0; }
+
+void SetDjGqWd(double* const) {}
+void SetDjSqWd(double* const) {}
+void SetXjGqWd(double* const) {}
+void SetXjSqWd(double* const) {}
+void SetQ(double* const) {}
+void SetS(double* const) {}
+
+}  // namespace QKLoad
