@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "foundation/QKRecordVerbs.h"
 #include "mfc/ComShims.h"
 #include "tablekit/CADODatabase.h"
 
@@ -28,11 +29,7 @@ void CQKDBGlobalSetting::RemoveGlobalSetting() {
 }
 
 CADODatabase* CQKDBGlobalSetting::GetLoadParamDatabase(const wchar_t* path) {
-  if (m_pLoadParamDatabase == nullptr) m_pLoadParamDatabase = new (std::nothrow) CADODatabase;
-  // A failed open is not reported here: the queries on the connection fail in their turn.
-  if (m_pLoadParamDatabase != nullptr && !m_pLoadParamDatabase->IsOpen())
-    m_pLoadParamDatabase->OpenAccess(path, L"", L"");
-  return m_pLoadParamDatabase;
+  return QKRecordVerbs::OpenOnDemand(m_pLoadParamDatabase, path);
 }
 
 CString CQKDBGlobalSetting::GetAccessConnectStr(CString& path) {

@@ -8,7 +8,7 @@
 
 namespace QKRecordVerbs {
 
-CADODatabase* ClassConnection(CADODatabase*& connection, const CString& path) {
+CADODatabase* OpenOnDemand(CADODatabase*& connection, const CString& path) {
   if (connection == nullptr) connection = new (std::nothrow) CADODatabase;
   if (connection != nullptr && !connection->IsOpen()) connection->OpenAccess(path, L"", L"");
   return connection;

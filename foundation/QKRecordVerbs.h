@@ -18,9 +18,10 @@ class CADODatabase;
 
 namespace QKRecordVerbs {
 
-// The class-wide connection: created on first use (it stays null if that allocation fails), opened
-// on path whenever it is found closed (a failed open is not reported here: the next query fails).
-CADODatabase* ClassConnection(CADODatabase*& connection, const CString& path);
+// A long-lived connection (a record class's, the load-parameter one): created on first use (it stays
+// null if that allocation fails), opened on path whenever it is found closed. A failed open is not
+// reported here: the next query on it fails.
+CADODatabase* OpenOnDemand(CADODatabase*& connection, const CString& path);
 
 // Reads the named items of value from the columns of the current row of rs, and writes them.
 void ReadItems(CADORecordset& rs, CAData& value);
@@ -86,7 +87,7 @@ QKLoad::DBStatusCode UpdateIfNoOther(Record& self, Record& probe, CADODatabase* 
   }                                                                                             \
   /* The path comes through the virtual GetDataBasePath, so a host's subclass can redirect it. */ \
   CADODatabase* Record::GetUserDatabase() const {                                               \
-    return QKRecordVerbs::ClassConnection(m_pADODatabase, const_cast<Record*>(this)->GetDataBasePath()); \
+    return QKRecordVerbs::OpenOnDemand(m_pADODatabase, const_cast<Record*>(this)->GetDataBasePath()); \
   }                                                                                             \
   CString Record::GetTableName() { return s_m_strTableName; }                                   \
   CString Record::GetDataBasePath() { return s_m_strDataBasePath; }

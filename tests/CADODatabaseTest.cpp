@@ -50,6 +50,19 @@ TEST(CADODatabase, MissingFileFailsAndIsNotCreated) {
   EXPECT_FALSE(std::filesystem::exists(dir.path() / "missing.db"));
 }
 
+TEST(CADODatabase, EmptyPathFailsToOpen) {
+  CADODatabase db;
+  EXPECT_FALSE(db.OpenAccess(L"", L"", L""));
+  EXPECT_FALSE(db.OpenAccess(nullptr, L"", L""));
+  EXPECT_FALSE(db.IsOpen());
+}
+
+TEST(CADODatabase, InMemoryNameIsNoFileAndFailsToOpen) {
+  CADODatabase db;
+  EXPECT_FALSE(db.OpenAccess(L":memory:", L"", L""));
+  EXPECT_FALSE(db.IsOpen());
+}
+
 TEST(CADODatabase, FileThatIsNotADatabaseFailsToOpen) {
   TempDir dir;
   std::ofstream(dir.path() / "garbage.db") << "this is not a database, just some text that is long enough";

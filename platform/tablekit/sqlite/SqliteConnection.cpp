@@ -100,6 +100,12 @@ bool RunToEnd(sqlite3* db, sqlite3_stmt* st, std::string& error) {
 }  // namespace
 
 std::unique_ptr<SqliteConnection> SqliteConnection::Open(const std::string& pathUtf8, std::string& error) {
+  // For these two names SQLite makes a fresh database of its own (temporary, or in memory) instead of
+  // opening a file: that would be an open that "succeeds" on no data.
+  if (pathUtf8.empty() || pathUtf8 == ":memory:") {
+    error = "no database file named";
+    return nullptr;
+  }
   sqlite3* db = nullptr;
   int rc = sqlite3_open_v2(pathUtf8.c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
   std::unique_ptr<SqliteConnection> conn(new SqliteConnection(db));  // closes db on every failure below
