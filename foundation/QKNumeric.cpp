@@ -27,9 +27,8 @@ void vec(double scale, double x, double y, double& modulus, double& scaled, doub
   }
   modulus = std::sqrt(x * x + y * y);
   scaled = modulus * scale;
-  if (std::fabs(x) <= kTiny) {
-    angle = phi;  // no quadrant correction: a tiny x with a negative y stays near pi/2
-  } else if (y >= 0.0 && x > 0.0) {
+  // No quadrant correction for a tiny x: with a negative y the angle stays near pi/2.
+  if (std::fabs(x) <= kTiny || (y >= 0.0 && x > 0.0)) {
     angle = phi;
   } else if (y >= 0.0 && x < 0.0) {
     angle = kPi - phi;

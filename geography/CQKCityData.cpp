@@ -1,6 +1,7 @@
 #include "geography/CQKCityData.h"
 
-CQKCityData::CQKCityData() { Init(); }
+// Init by its own name: while this constructor runs, only this class's defaults exist.
+CQKCityData::CQKCityData() { CQKCityData::Init(); }
 
 ADataDef::ErrorCode CQKCityData::DataInPut(CADataStream stream) {
   CAData::DataInPut(stream);

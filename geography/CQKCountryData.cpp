@@ -1,6 +1,7 @@
 #include "geography/CQKCountryData.h"
 
-CQKCountryData::CQKCountryData() { Init(); }
+// Init by its own name: while this constructor runs, only this class's defaults exist.
+CQKCountryData::CQKCountryData() { CQKCountryData::Init(); }
 
 ADataDef::ErrorCode CQKCountryData::DataInPut(CADataStream stream) {
   CAData::DataInPut(stream);

@@ -1,6 +1,7 @@
 #include "geography/CQKProvinceData.h"
 
-CQKProvinceData::CQKProvinceData() { Init(); }
+// Init by its own name: while this constructor runs, only this class's defaults exist.
+CQKProvinceData::CQKProvinceData() { CQKProvinceData::Init(); }
 
 ADataDef::ErrorCode CQKProvinceData::DataInPut(CADataStream stream) {
   CAData::DataInPut(stream);

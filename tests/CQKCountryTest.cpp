@@ -125,6 +125,24 @@ TEST(CQKCountry, CopyAndAssignmentCarryTheKeyAndTheFields) {
   }
 }
 
+TEST(CQKCountry, StreamOfARecordIsItsValueStreamWithoutTheKey) {
+  CQKCountry out = Country(L"中国");
+  out.SetID(12);
+  out.m_lTag = 2;
+  CADataStream stream;
+  ASSERT_EQ(out.DataOutPut(stream), ADataDef::AD_OK);
+  CQKCountryData value;
+  value.Name = L"中国";
+  value.m_lTag = 2;
+  CADataStream expected;
+  value.DataOutPut(expected);
+  EXPECT_EQ(stream.GetBytes(), expected.GetBytes());
+  CQKCountry in;
+  ASSERT_EQ(in.DataInPut(stream), ADataDef::AD_OK);
+  EXPECT_EQ(in.GetID(), 0);
+  EXPECT_EQ(in.Name, L"中国");
+}
+
 TEST_F(CQKCountryTest, IsExistLoadsTheStoredRowWithItsKey) {
   Seed("INSERT INTO Country (Name) VALUES ('日本'), ('中国');");
   CQKCountry c = Country(L"中国");
