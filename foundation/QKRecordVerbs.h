@@ -3,10 +3,9 @@
 // written once here and used by each record's own verbs, which only supply their query texts and
 // the temporary record that carries their natural key. Internal to the library.
 //
-// Every record class has the same class-wide members: the path of its database, its table and one
-// connection, opened on first use and kept for the life of the process. QK_IMPLEMENT_RECORD_TABLE
-// defines them with S_Init, GetUserDatabase, GetTableName and GetDataBasePath;
-// QK_IMPLEMENT_RECORD_ROW defines the row movement through the named exchange and MakeObjectFromRS.
+// QK_IMPLEMENT_RECORD_TABLE(Record, Value) defines what QK_DECLARE_RECORD_TABLE (QKRecordTable.h)
+// declares: the class-wide members, S_Init, the connection and table getters, and the row moved
+// through Value's named items.
 
 #include "datakit/CAData.h"
 #include "foundation/QKLoad.h"
@@ -77,7 +76,7 @@ QKLoad::DBStatusCode UpdateIfNoOther(Record& self, Record& probe, CADODatabase* 
 
 }  // namespace QKRecordVerbs
 
-#define QK_IMPLEMENT_RECORD_TABLE(Record)                                                       \
+#define QK_IMPLEMENT_RECORD_TABLE(Record, Value)                                                     \
   CString Record::s_m_strDataBasePath;                                                          \
   CString Record::s_m_strTableName;                                                             \
   CADODatabase* Record::m_pADODatabase = nullptr;                                               \
@@ -90,9 +89,7 @@ QKLoad::DBStatusCode UpdateIfNoOther(Record& self, Record& probe, CADODatabase* 
     return QKRecordVerbs::OpenOnDemand(m_pADODatabase, const_cast<Record*>(this)->GetDataBasePath()); \
   }                                                                                             \
   CString Record::GetTableName() { return s_m_strTableName; }                                   \
-  CString Record::GetDataBasePath() { return s_m_strDataBasePath; }
-
-#define QK_IMPLEMENT_RECORD_ROW(Record, Value)                                                  \
+  CString Record::GetDataBasePath() { return s_m_strDataBasePath; }                              \
   int Record::MakeObjectFromRS(CADORecordset& rs) { return GetDataFromRecordSet(rs); }          \
   int Record::GetDataFromRecordSet(CADORecordset& rs) {                                         \
     if (!tagDBSTRUCT::GetDataFromRecordSet(rs)) return 0;                                       \

@@ -2,8 +2,7 @@
 
 #include "foundation/QKRecordVerbs.h"
 
-QK_IMPLEMENT_RECORD_TABLE(CQKCity)
-QK_IMPLEMENT_RECORD_ROW(CQKCity, CQKCityData)
+QK_IMPLEMENT_RECORD_TABLE(CQKCity, CQKCityData)
 
 namespace {
 

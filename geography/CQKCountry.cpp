@@ -2,8 +2,7 @@
 
 #include "foundation/QKRecordVerbs.h"
 
-QK_IMPLEMENT_RECORD_TABLE(CQKCountry)
-QK_IMPLEMENT_RECORD_ROW(CQKCountry, CQKCountryData)
+QK_IMPLEMENT_RECORD_TABLE(CQKCountry, CQKCountryData)
 
 CQKCountry CQKCountry::KeyProbe() const {
   CQKCountry probe;

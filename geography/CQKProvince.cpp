@@ -2,8 +2,7 @@
 
 #include "foundation/QKRecordVerbs.h"
 
-QK_IMPLEMENT_RECORD_TABLE(CQKProvince)
-QK_IMPLEMENT_RECORD_ROW(CQKProvince, CQKProvinceData)
+QK_IMPLEMENT_RECORD_TABLE(CQKProvince, CQKProvinceData)
 
 CQKProvince CQKProvince::KeyProbe() const {
   CQKProvince probe;
