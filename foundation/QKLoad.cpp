@@ -1,9 +1,12 @@
 #include "foundation/QKLoad.h"
 
+#include <algorithm>
+
 namespace QKLoad {
 
 namespace {
 double g_djCnWd = 0.0;
+constexpr int kMaxFractionDigits = 1074;
 }  // namespace
 
 void SplitString(const wchar_t* text, CStringArray& parts, wchar_t separator) {
@@ -21,6 +24,9 @@ void SplitString(const wchar_t* text, CStringArray& parts, wchar_t separator) {
 
 CString DblToStr(double value, int decimals) {
   if (decimals < 0) return CString();
+  // A double has at most 1074 binary digits after the point, hence at most 1074 non-zero decimal
+  // ones: more would only add zeros that are trimmed below, and a huge count would fail the format.
+  decimals = std::min(decimals, kMaxFractionDigits);
   CString format;
   format.Format(L"%%.%df", decimals);
   CString text;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -106,6 +107,18 @@ TEST(QKLoad, DblToStrWithNegativeDecimalsIsEmpty) {
   EXPECT_EQ(QKLoad::DblToStr(2.5, -1).str(), L"");
   EXPECT_EQ(QKLoad::DblToStr(0.0, -1).str(), L"");
   EXPECT_EQ(QKLoad::DblToStr(-1234.5, -7).str(), L"");
+}
+
+TEST(QKLoad, DblToStrWithAHugeDigitCountGivesTheExactValue) {
+  EXPECT_EQ(QKLoad::DblToStr(1.5, std::numeric_limits<int>::max()).str(), L"1.5");
+}
+
+TEST(QKLoad, DblToStrOfTheSmallestDoubleKeepsEveryDigit) {
+  double tiny = std::numeric_limits<double>::denorm_min();  // 2^-1074: 1074 digits after the point
+  CString text = QKLoad::DblToStr(tiny, 5000);
+  EXPECT_EQ(text.GetLength(), 2 + 1074);
+  EXPECT_EQ(text.Left(6).str(), L"0.0000");
+  EXPECT_EQ(text.Right(4).str(), L"5625");  // the digits of 5^1074, which ends in ...5625
 }
 
 TEST(QKLoad, IntToStrFormatsDecimal) {
