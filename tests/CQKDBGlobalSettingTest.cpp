@@ -105,6 +105,20 @@ TEST_F(CQKDBGlobalSettingTest, GoodPathAfterAnUnopenableOneOpensTheGoodOne) {
   EXPECT_EQ(db->GetPath().str(), dir.File("good.db").str());
 }
 
+TEST_F(CQKDBGlobalSettingTest, EmptyFirstPathDoesNotTieTheConnectionToNoFile) {
+  TempDir dir;
+  CreateDatabase(dir.File("good.db"), kSchema);
+  CQKDBGlobalSetting* settings = CQKDBGlobalSetting::GetGlobalSetting();
+
+  CADODatabase* empty = settings->GetLoadParamDatabase(L"");
+  CADODatabase* db = settings->GetLoadParamDatabase(dir.File("good.db"));
+
+  ASSERT_NE(empty, nullptr);
+  EXPECT_EQ(db, empty);
+  EXPECT_TRUE(db->IsOpen());
+  EXPECT_EQ(db->GetPath().str(), dir.File("good.db").str());
+}
+
 TEST_F(CQKDBGlobalSettingTest, FreshInstanceAfterRemoveOpensANewPath) {
   TempDir dir;
   CreateDatabase(dir.File("first.db"), kSchema);
