@@ -1,6 +1,6 @@
 // What the platform layer costs over doing the same work by hand, side by side on the same data:
 //   - a lookup by name through CADORecordset (dialect translation, materialised rows, conversions)
-//     against a raw prepared sqlite3 statement;
+//     against a raw prepared sqlite3 statement, and the same lookup through a record (CQKCity);
 //   - writing and reading a value's worth of items through CADataStream against plain memcpy into a
 //     byte vector.
 // Run: build/default/bench/qk_bench --benchmark_repetitions=3 --benchmark_report_aggregates_only=true
@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "datakit/CADataStream.h"
+#include "geography/CQKCity.h"
 #include "mfc/CString.h"
 #include "tablekit/CADODatabase.h"
 #include "tablekit/CADORecordset.h"
@@ -65,6 +66,21 @@ void BM_LookupByName_Recordset(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_LookupByName_Recordset);
+
+// The same lookup as a host makes it: CQKCity::IsExist, whose row reaches the record through the
+// named exchange and the property store.
+void BM_LookupByName_CityRecord(benchmark::State& state) {
+  CQKCity::S_Init(CString::FromUtf8(CityDatabase()), L"City");
+  int i = 0;
+  for (auto _ : state) {
+    CQKCity city;
+    city.PId = i % 34;
+    city.Name.Format(L"城市%d", i);
+    benchmark::DoNotOptimize(city.IsExist(nullptr));
+    i = (i + 1) % kCities;
+  }
+}
+BENCHMARK(BM_LookupByName_CityRecord);
 
 void BM_LookupByName_RawSqlite(benchmark::State& state) {
   sqlite3* db = nullptr;
