@@ -1,6 +1,6 @@
 #include "foundation/CQKDataProp.h"
 
-#include <cstring>
+#include <cwchar>
 #include <new>
 
 #include "tablekit/CADORecordset.h"
@@ -36,9 +36,9 @@ int CQKDataProp::readString(const wchar_t* name, wchar_t** value) {
   if (value == nullptr) return 0;
   CString text;
   Read(name, &text);
-  auto* copy = new (std::nothrow) wchar_t[static_cast<std::size_t>(text.GetLength()) + 1];
-  if (copy) std::memcpy(copy, text.GetString(), (static_cast<std::size_t>(text.GetLength()) + 1) * sizeof(wchar_t));
-  *value = copy;
+  std::size_t size = static_cast<std::size_t>(text.GetLength()) + 1;  // with the terminating zero
+  *value = new (std::nothrow) wchar_t[size];
+  if (*value) std::wmemcpy(*value, text.GetString(), size);
   return 0;
 }
 int CQKDataProp::writeString(const wchar_t* name, const wchar_t* value) { return Write(name, CString(value)); }

@@ -26,8 +26,8 @@ CADODatabase* OpenOnDemand(CADODatabase*& connection, const CString& path);
 void ReadItems(CADORecordset& rs, CAData& value);
 void WriteItems(CADORecordset& rs, CAData& value);
 
-// Reads the "ID" of the first row of sql into record. When the query fails, or finds no row, the
-// key is left as it was.
+// Reads the "ID" of the first row of sql into record (a null db is the record's own). When the query
+// fails, or finds no row, the key is left as it was.
 void ReadKey(tagDBSTRUCT& record, const wchar_t* sql, CADODatabase* db);
 
 // Runs sql and loads its first row into record: DBS_EXIST (record is now that row, its ID
@@ -48,7 +48,7 @@ QKLoad::DBStatusCode LoadFirst(Record& record, const wchar_t* sql, CADODatabase*
 // Inserts self unless probe (a fresh record holding self's natural key) finds a stored row. A found
 // row becomes self when bTakeExisting is nonzero. DBS_ADDED, DBS_EXIST or DBS_ERROR.
 template <class Record>
-QKLoad::DBStatusCode AddIfNotExist(Record& self, Record& probe, CADODatabase* db, int bTakeExisting) {
+QKLoad::DBStatusCode AddIfNotExist(Record& self, Record probe, CADODatabase* db, int bTakeExisting) {
   if (db == nullptr) db = self.GetUserDatabase();
   QKLoad::DBStatusCode found = probe.IsExist(db);
   if (found == QKLoad::DBS_EXIST && bTakeExisting) {
@@ -63,7 +63,7 @@ QKLoad::DBStatusCode AddIfNotExist(Record& self, Record& probe, CADODatabase* db
 // key on another row; that row becomes self when bTakeOther is nonzero, and nothing is written.
 // DBS_UPDATED, DBS_EXIST or DBS_ERROR. A key that no row holds is written in place: a rename.
 template <class Record>
-QKLoad::DBStatusCode UpdateIfNoOther(Record& self, Record& probe, CADODatabase* db, int bTakeOther) {
+QKLoad::DBStatusCode UpdateIfNoOther(Record& self, Record probe, CADODatabase* db, int bTakeOther) {
   if (db == nullptr) db = self.GetUserDatabase();
   QKLoad::DBStatusCode found = probe.IsExist(db);
   if (found == QKLoad::DBS_ERROR) return QKLoad::DBS_ERROR;

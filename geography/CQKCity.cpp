@@ -29,17 +29,14 @@ QKLoad::DBStatusCode CQKCity::IsExist(CADODatabase* db) {
 }
 
 QKLoad::DBStatusCode CQKCity::AddIfNotExist(CADODatabase* db, int bTakeExisting) {
-  CQKCity probe = KeyProbe();
-  return QKRecordVerbs::AddIfNotExist(*this, probe, db, bTakeExisting);
+  return QKRecordVerbs::AddIfNotExist(*this, KeyProbe(), db, bTakeExisting);
 }
 
 QKLoad::DBStatusCode CQKCity::UpdateIfNoOther(CADODatabase* db, int bTakeOther) {
-  CQKCity probe = KeyProbe();
-  return QKRecordVerbs::UpdateIfNoOther(*this, probe, db, bTakeOther);
+  return QKRecordVerbs::UpdateIfNoOther(*this, KeyProbe(), db, bTakeOther);
 }
 
 void CQKCity::UpdateTableData(CADODatabase* db) {
-  if (db == nullptr) db = GetUserDatabase();
   QKRecordVerbs::ReadKey(*this, FindCitySql(PId, Name), db);
 }
 

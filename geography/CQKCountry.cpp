@@ -17,17 +17,14 @@ QKLoad::DBStatusCode CQKCountry::IsExist(CADODatabase* db) {
 }
 
 QKLoad::DBStatusCode CQKCountry::AddIfNotExist(CADODatabase* db, int bTakeExisting) {
-  CQKCountry probe = KeyProbe();
-  return QKRecordVerbs::AddIfNotExist(*this, probe, db, bTakeExisting);
+  return QKRecordVerbs::AddIfNotExist(*this, KeyProbe(), db, bTakeExisting);
 }
 
 QKLoad::DBStatusCode CQKCountry::UpdateIfNoOther(CADODatabase* db, int bTakeOther) {
-  CQKCountry probe = KeyProbe();
-  return QKRecordVerbs::UpdateIfNoOther(*this, probe, db, bTakeOther);
+  return QKRecordVerbs::UpdateIfNoOther(*this, KeyProbe(), db, bTakeOther);
 }
 
 void CQKCountry::UpdateTableData(CADODatabase* db) {
-  if (db == nullptr) db = GetUserDatabase();
   CString sql;
   sql.Format(L"select ID from %s where Name=\"%s\"", GetTableName().GetString(), Name.GetString());
   QKRecordVerbs::ReadKey(*this, sql, db);

@@ -19,17 +19,14 @@ QKLoad::DBStatusCode CQKProvince::IsExist(CADODatabase* db) {
 }
 
 QKLoad::DBStatusCode CQKProvince::AddIfNotExist(CADODatabase* db, int bTakeExisting) {
-  CQKProvince probe = KeyProbe();
-  return QKRecordVerbs::AddIfNotExist(*this, probe, db, bTakeExisting);
+  return QKRecordVerbs::AddIfNotExist(*this, KeyProbe(), db, bTakeExisting);
 }
 
 QKLoad::DBStatusCode CQKProvince::UpdateIfNoOther(CADODatabase* db, int bTakeOther) {
-  CQKProvince probe = KeyProbe();
-  return QKRecordVerbs::UpdateIfNoOther(*this, probe, db, bTakeOther);
+  return QKRecordVerbs::UpdateIfNoOther(*this, KeyProbe(), db, bTakeOther);
 }
 
 void CQKProvince::UpdateTableData(CADODatabase* db) {
-  if (db == nullptr) db = GetUserDatabase();
   CString sql;
   // The trailing blank is the query's own; it changes nothing.
   sql.Format(L"select ID from %s where CId=%d and Name=\"%s\" ", GetTableName().GetString(), static_cast<int>(CId),
