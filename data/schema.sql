@@ -35,7 +35,8 @@ CREATE INDEX CityProvinceName ON City (PId, Name);
 -- weather value, in that value's exchange units: pressures in hPa, relative humidities in percent,
 -- JD/WD (longitude, latitude) in radians as the value holds them. "EpwName" is null or '' for a city
 -- without a weather file; the lookups then borrow a neighbour's climate. The "Sum…"/"Win…" columns
--- are the summer and winter design days (BarPress in Pa).
+-- are the summer and winter design days (BarPress in Pa). The place names are not stored here: they
+-- come from the geography tables through CId.
 CREATE TABLE Weather (
   ID                 INTEGER PRIMARY KEY AUTOINCREMENT,
   CId                INTEGER NOT NULL DEFAULT 0,
@@ -53,9 +54,11 @@ CREATE TABLE Weather (
   Xjzdfx             REAL,
   Xjswzdfxpjfs       REAL,
   Djzdfx             REAL,
-  Djswzdfxpjfs       REAL,
   ZlYPjXdSd          REAL,
   ZRYPjXdSd          REAL,
+  -- Also the column of the item "Djswzdfxpjfs": the two names differ only in case, and column names
+  -- ignore case (in Access as here). Both stand for the winter mean speed of the most frequent wind
+  -- direction; a row stores the value of "DjSwZdFxPjFs", written after the other, and fills both.
   DjSwZdFxPjFs       REAL,
   XjSwPjFs           REAL,
   XjKtDqTmDDj        INTEGER,
@@ -111,5 +114,6 @@ CREATE TABLE Weather (
   SumWindDef         TEXT COLLATE NOCASE,
   WinWindDef         TEXT COLLATE NOCASE
 );
+-- No index on JD/WD: the neighbour search gives ties to the earlier row in the order the rows come
+-- back, and an index on position would hand them back sorted by longitude instead of as stored.
 CREATE INDEX WeatherCity ON Weather (CId);
-CREATE INDEX WeatherPosition ON Weather (JD, WD);
