@@ -110,6 +110,25 @@ TEST_F(CADORecordsetTest, ColumnNamesIgnoreCase) {
   EXPECT_DOUBLE_EQ(height, 31.3);
 }
 
+TEST_F(CADORecordsetTest, ASharedColumnNameFindsTheFirstColumnOfIt) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select Code as Value, Height as value, Name as 名称 from Station where Name=\"拉萨\""));
+  long value = 0;
+  EXPECT_TRUE(rs.GetFieldValue(L"VALUE", value));
+  EXPECT_EQ(value, 55591);
+  CString name;
+  EXPECT_TRUE(rs.GetFieldValue(L"名称", name));
+  EXPECT_EQ(name, L"拉萨");
+}
+
+TEST_F(CADORecordsetTest, OnlyAsciiLettersIgnoreCase) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select Code as Ä from Station where Name=\"拉萨\""));
+  long value = 0;
+  EXPECT_FALSE(rs.GetFieldValue(L"ä", value));
+  EXPECT_TRUE(rs.GetFieldValue(L"Ä", value));
+}
+
 TEST_F(CADORecordsetTest, MissingColumnLeavesTheTargetUnchanged) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"北京\""));

@@ -15,6 +15,17 @@ constexpr const wchar_t* kKeyColumn = L"ID";
 constexpr long long kInt32Min = std::numeric_limits<std::int32_t>::min();
 constexpr long long kInt32Max = std::numeric_limits<std::int32_t>::max();
 constexpr long long kUInt32Max = std::numeric_limits<std::uint32_t>::max();
+
+// FNV-1a over the name with ASCII letters folded to lower case: equal for names that CompareNoCase
+// finds equal, so a column is looked up by comparing numbers and confirmed by one text comparison.
+std::uint32_t ColumnKey(const wchar_t* name) {
+  std::uint32_t h = 2166136261u;
+  for (; *name; ++name) {
+    const wchar_t c = (*name >= L'A' && *name <= L'Z') ? *name + (L'a' - L'A') : *name;
+    h = (h ^ static_cast<std::uint32_t>(c)) * 16777619u;
+  }
+  return h;
+}
 }  // namespace
 
 struct CADORecordset::State {
@@ -28,11 +39,15 @@ struct CADORecordset::State {
   Mode mode = Mode::None;
   std::vector<std::pair<int, FieldValue>> pending;  // column index, new value
   std::string lastError;
+  std::vector<std::uint32_t> columnKeys;  // ColumnKey of each column, made when the result is read
 
+  // The first column of that name, ignoring ASCII case; -1 for none. A record reads its row by
+  // names, one lookup per item, so this is on every row's path.
   int Column(const wchar_t* name) const {
     if (name == nullptr) return -1;
-    for (std::size_t i = 0; i < result.columns.size(); ++i) {
-      if (result.columns[i].CompareNoCase(name) == 0) return static_cast<int>(i);
+    const std::uint32_t key = ColumnKey(name);
+    for (std::size_t i = 0; i < columnKeys.size(); ++i) {
+      if (columnKeys[i] == key && result.columns[i].CompareNoCase(name) == 0) return static_cast<int>(i);
     }
     return -1;
   }
@@ -101,6 +116,7 @@ int CADORecordset::Open(CADOConnection* connection, const CADOOP& options, int c
     s.result = tablekit::ResultSet();
     return s.Fail(error);
   }
+  for (const CString& column : s.result.columns) s.columnKeys.push_back(ColumnKey(column));
   s.connection = connection;
   s.readOnly = options.nLockType == CADOOP::lockReadOnly;
   s.open = true;
@@ -115,6 +131,7 @@ void CADORecordset::Close() {
   s.open = false;
   s.connection = nullptr;
   s.result = tablekit::ResultSet();
+  s.columnKeys.clear();
   s.current = 0;
   s.mode = State::Mode::None;
   s.pending.clear();
