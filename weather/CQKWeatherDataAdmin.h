@@ -38,12 +38,13 @@ class QK_EXPORT CQKWeatherDataAdmin {
   // A deep copy of other's tree.
   CQKWeatherDataAdmin(const CQKWeatherDataAdmin& other);
   CQKWeatherDataAdmin& operator=(const CQKWeatherDataAdmin& other);
-  // Releases the tree.
-  virtual ~CQKWeatherDataAdmin();
 
   // The tree as it is when bRefresh is 0 and one exists (bWeatherOnly is then ignored); otherwise the
   // tree is rebuilt (see MakeCityNodes) and its root returned, also when the building stopped part-way.
+  // Declared first of the virtual functions: it is the first slot of the class's virtual table.
   virtual tagCityNode* GetCityNodes(int bRefresh, bool bWeatherOnly);
+  // Releases the tree.
+  virtual ~CQKWeatherDataAdmin();
 
   // The first node, in child order, whose name equals the record's name exactly or whose id equals its
   // ID; null when there is none, or no tree.
