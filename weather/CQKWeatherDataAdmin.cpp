@@ -1,7 +1,6 @@
 #include "weather/CQKWeatherDataAdmin.h"
 
 #include <cmath>
-#include <new>
 #include <vector>
 
 #include "tablekit/CADORecordset.h"
