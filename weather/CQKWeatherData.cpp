@@ -17,49 +17,177 @@ constexpr const wchar_t* kZoneNames[11] = {L"严寒A区", L"严寒B区", L"严�
                                            L"寒冷B区", L"夏热冬冷A区", L"夏热冬冷B区", L"夏热冬暖A区",
                                            L"夏热冬暖B区", L"温和A区", L"温和B区"};
 
-unsigned long Version() { return CAData::kCurrentVersionNumber; }
+// Pressures travel in hPa, relative humidities in percent.
+constexpr double kToHPa = 1.0 / kPaPerHPa;
+constexpr double kToPercent = kPercentPerFraction;
 
-// Reads one double and stores it times factor; a failed read leaves the field as it was.
-void ReadScaled(CADataStream& stream, double& field, double factor) {
-  double read = 0.0;
-  if (stream.ReadItem(&read) == 0) field = read * factor;
-}
+// The stream's two directions. A walk names each item once, in order; Scaled gives the factor applied
+// on writing and the one applied after reading, which are inverse except where the format says not.
+struct StreamWriter {
+  CADataStream& stream;
+  template <class T>
+  void Item(T& field) { stream.WriteItem(field); }
+  void Scaled(double& field, double written, double) { stream.WriteItem(field * written); }
+  void Day(CQKDesignData& day) { day.DataOutPut(stream); }
+};
 
-void ReadScaled(CADataExchange& exchange, const wchar_t* name, double& field, double factor) {
-  double read = 0.0;
-  if (exchange.ReadItem(name, &read) == 0) field = read * factor;
-}
+struct StreamReader {
+  CADataStream& stream;
+  template <class T>
+  void Item(T& field) { stream.ReadItem(&field); }
+  // A failed read leaves the field as it was.
+  void Scaled(double& field, double, double read) {
+    double value = 0.0;
+    if (stream.ReadItem(&value) == 0) field = value * read;
+  }
+  void Day(CQKDesignData& day) { day.DataInPut(stream); }
+};
+
+struct ExchangeWriter {
+  CADataExchange& exchange;
+  template <class T>
+  void Item(const wchar_t* name, T& field) { exchange.WriteItem(name, field); }
+  void Scaled(const wchar_t* name, double& field, double written) { exchange.WriteItem(name, field * written); }
+};
+
+struct ExchangeReader {
+  CADataExchange& exchange;
+  template <class T>
+  void Item(const wchar_t* name, T& field) { exchange.ReadItem(name, &field); }
+  void Scaled(const wchar_t* name, double& field, double written) {
+    double value = 0.0;
+    if (exchange.ReadItem(name, &value) == 0) field = value / written;
+  }
+};
 
 // The fourteen design-day fields exchanged by name under a prefix ("Sum" or "Win"), in the
 // exchange's order, which differs from the design day's own stream order.
 template <class Visit>
-void EachDesignDayItem(CQKDesignData& day, Visit&& visit) {
-  visit(L"MaxDryBulbTemp", day.MaxDryBulbTemp);
-  visit(L"DailyTempRange", day.DailyTempRange);
-  visit(L"HumMaxDryBulb", day.HumMaxDryBulb);
-  visit(L"BarPress", day.BarPress);
-  visit(L"WindSpeed", day.WindSpeed);
-  visit(L"WindDirection", day.WindDirection);
-  visit(L"SkyClearness", day.SkyClearness);
-  visit(L"RainIndicator", day.RainIndicator);
-  visit(L"SnowIndicator", day.SnowIndicator);
-  visit(L"DayOfMonth", day.DayOfMonth);
-  visit(L"Month", day.Month);
-  visit(L"DayType", day.DayType);
-  visit(L"DSTIndicator", day.DSTIndicator);
-  visit(L"HumIndType", day.HumIndType);
+void WalkDesignDayItems(Visit& v, const wchar_t* prefix, CQKDesignData& day) {
+  const CString p = prefix;
+  v.Item(p + L"MaxDryBulbTemp", day.MaxDryBulbTemp);
+  v.Item(p + L"DailyTempRange", day.DailyTempRange);
+  v.Item(p + L"HumMaxDryBulb", day.HumMaxDryBulb);
+  v.Item(p + L"BarPress", day.BarPress);
+  v.Item(p + L"WindSpeed", day.WindSpeed);
+  v.Item(p + L"WindDirection", day.WindDirection);
+  v.Item(p + L"SkyClearness", day.SkyClearness);
+  v.Item(p + L"RainIndicator", day.RainIndicator);
+  v.Item(p + L"SnowIndicator", day.SnowIndicator);
+  v.Item(p + L"DayOfMonth", day.DayOfMonth);
+  v.Item(p + L"Month", day.Month);
+  v.Item(p + L"DayType", day.DayType);
+  v.Item(p + L"DSTIndicator", day.DSTIndicator);
+  v.Item(p + L"HumIndType", day.HumIndType);
 }
 
-void ReadDesignDay(CADataExchange& exchange, const wchar_t* prefix, CQKDesignData& day) {
-  EachDesignDayItem(day, [&](const wchar_t* item, auto& field) {
-    exchange.ReadItem(CString(prefix) + item, &field);
-  });
+// The ordered stream, after the CAData items.
+template <class Visit>
+void WalkStream(Visit& v, CQKWeatherData& w, unsigned long version) {
+  v.Item(w.CId);
+  v.Item(w.CountryName);
+  v.Item(w.ProvinceName);
+  v.Item(w.CityName);
+  v.Item(w.JD);
+  v.Item(w.WD);
+  v.Scaled(w.XjDqy, kToHPa, kPaPerHPa);
+  v.Item(w.XjKtSwGqWd);
+  v.Item(w.XjKtSwSqWd);
+  v.Item(w.XjKtRPjWd);
+  v.Item(w.XjJsRJC);
+  v.Item(w.XjSwPjFs);
+  v.Item(w.XjKtDqTmDDj);
+  v.Scaled(w.ZRYPjXdSd, kToPercent, 1.0 / kToPercent);
+  v.Item(w.XjTfSwGqWd);
+  v.Scaled(w.XjTfSwXdSd, kToPercent, 1.0 / kToPercent);
+  if (version >= 2) {
+    v.Item(w.Xjzdfx);
+    v.Item(w.Xjswzdfxpjfs);
+    v.Item(w.Djzdfx);
+    v.Item(w.Djswzdfxpjfs);
+  }
+  v.Scaled(w.DjDqy, kToHPa, kPaPerHPa);
+  v.Item(w.DjCnSwGqWd);
+  v.Item(w.DjKtSwGqWd);
+  v.Item(w.DjSwZdFxPjFs);
+  v.Scaled(w.ZlYPjXdSd, kToPercent, 1.0 / kToPercent);
+  v.Item(w.DjTfSwGqWd);
+  // Written as the fraction it is, read as if it were percent: stored streams have it so.
+  v.Scaled(w.DjKtSwXdSd, 1.0, 1.0 / kToPercent);
+  v.Item(w.DjSwPjFs);
+  for (double& factor : w.DjLfStCxXz) v.Item(factor);
+  v.Item(w.DistrictCode);
+  v.Item(w.DBMNPJWD);
+  v.Item(w.DBMZRYPJWD);
+  v.Item(w.DBMZLYPJWD);
+  v.Item(w.Aux1);
+  v.Item(w.Aux2);
+  for (int k = 0; k < 9; ++k) {
+    v.Item(w.LfStCxAngle[k]);
+    v.Item(w.LfStCxXz[k]);
+  }
+  for (double& t : w.MonthTemp1) v.Item(t);
+  v.Item(w.EpwName);
+  v.Item(w.EpwType);
+  v.Item(w.TimeZone);
+  v.Item(w.Elevation);
+  v.Item(w.CityType);
+  v.Day(w.SumDesignDay);
+  v.Day(w.WinDesignDay);
+  if (version >= 3) {
+    for (double& t : w.MonthTemp2) v.Item(t);
+  }
+  if (version >= 4) {
+    v.Item(w.SumWindDef);
+    v.Item(w.WinWindDef);
+  }
 }
 
-void WriteDesignDay(CADataExchange& exchange, const wchar_t* prefix, CQKDesignData& day) {
-  EachDesignDayItem(day, [&](const wchar_t* item, auto& field) {
-    exchange.WriteItem(CString(prefix) + item, field);
-  });
+// The named exchange (the weather table's columns), after the CAData items. Here every scaling is
+// symmetric, DjKtSwXdSd's included.
+template <class Visit>
+void WalkExchange(Visit& v, CQKWeatherData& w, unsigned long version) {
+  v.Item(L"CId", w.CId);
+  v.Item(L"DistrictCode", w.DistrictCode);
+  v.Item(L"WD", w.WD);
+  v.Item(L"JD", w.JD);
+  v.Scaled(L"DjDqy", w.DjDqy, kToHPa);
+  v.Scaled(L"XjDqy", w.XjDqy, kToHPa);
+  v.Item(L"DjCnSwGqWd", w.DjCnSwGqWd);
+  v.Item(L"DjKtSwGqWd", w.DjKtSwGqWd);
+  v.Item(L"XjKtSwGqWd", w.XjKtSwGqWd);
+  v.Item(L"XjKtRPjWd", w.XjKtRPjWd);
+  v.Item(L"XjJsRJC", w.XjJsRJC);
+  v.Item(L"XjKtSwSqWd", w.XjKtSwSqWd);
+  if (version >= 2) {
+    v.Item(L"Xjzdfx", w.Xjzdfx);
+    v.Item(L"Xjswzdfxpjfs", w.Xjswzdfxpjfs);
+    v.Item(L"Djzdfx", w.Djzdfx);
+    v.Item(L"Djswzdfxpjfs", w.Djswzdfxpjfs);
+  }
+  v.Scaled(L"ZlYPjXdSd", w.ZlYPjXdSd, kToPercent);
+  v.Scaled(L"ZRYPjXdSd", w.ZRYPjXdSd, kToPercent);
+  v.Item(L"DjSwZdFxPjFs", w.DjSwZdFxPjFs);
+  v.Item(L"XjSwPjFs", w.XjSwPjFs);
+  v.Item(L"XjKtDqTmDDj", w.XjKtDqTmDDj);
+  v.Item(L"XjTfSwGqWd", w.XjTfSwGqWd);
+  v.Scaled(L"XjTfSwXdSd", w.XjTfSwXdSd, kToPercent);
+  v.Item(L"DjTfSwGqWd", w.DjTfSwGqWd);
+  v.Scaled(L"DjKtSwXdSd", w.DjKtSwXdSd, kToPercent);
+  v.Item(L"DjSwPjFs", w.DjSwPjFs);
+  for (int k = 0; k < 8; ++k) v.Item(kDirectionItems[k], w.DjLfStCxXz[k]);
+  v.Item(L"DBMNPJWD", w.DBMNPJWD);
+  v.Item(L"DBMZRYPJWD", w.DBMZRYPJWD);
+  v.Item(L"DBMZLYPJWD", w.DBMZLYPJWD);
+  v.Item(L"CityType", w.CityType);
+  v.Item(L"EpwName", w.EpwName);
+  v.Item(L"EpwType", w.EpwType);
+  v.Item(L"Elevation", w.Elevation);
+  v.Item(L"TimeZone", w.TimeZone);
+  WalkDesignDayItems(v, L"Sum", w.SumDesignDay);
+  WalkDesignDayItems(v, L"Win", w.WinDesignDay);
+  v.Item(L"SumWindDef", w.SumWindDef);
+  v.Item(L"WinWindDef", w.WinWindDef);
 }
 
 void SetDesignDay(CQKDesignData& day, double maxDryBulb, double range, double humMaxDryBulb,
@@ -147,218 +275,29 @@ void CQKWeatherData::SetCurVersion(int version) {
 
 ADataDef::ErrorCode CQKWeatherData::DataInPut(CADataStream stream) {
   CAData::DataInPut(stream);
-  const unsigned long v = Version();
-  stream.ReadItem(&CId);
-  stream.ReadItem(&CountryName);
-  stream.ReadItem(&ProvinceName);
-  stream.ReadItem(&CityName);
-  stream.ReadItem(&JD);
-  stream.ReadItem(&WD);
-  ReadScaled(stream, XjDqy, kPaPerHPa);
-  stream.ReadItem(&XjKtSwGqWd);
-  stream.ReadItem(&XjKtSwSqWd);
-  stream.ReadItem(&XjKtRPjWd);
-  stream.ReadItem(&XjJsRJC);
-  stream.ReadItem(&XjSwPjFs);
-  stream.ReadItem(&XjKtDqTmDDj);
-  ReadScaled(stream, ZRYPjXdSd, 1.0 / kPercentPerFraction);
-  stream.ReadItem(&XjTfSwGqWd);
-  ReadScaled(stream, XjTfSwXdSd, 1.0 / kPercentPerFraction);
-  if (v >= 2) {
-    stream.ReadItem(&Xjzdfx);
-    stream.ReadItem(&Xjswzdfxpjfs);
-    stream.ReadItem(&Djzdfx);
-    stream.ReadItem(&Djswzdfxpjfs);
-  }
-  ReadScaled(stream, DjDqy, kPaPerHPa);
-  stream.ReadItem(&DjCnSwGqWd);
-  stream.ReadItem(&DjKtSwGqWd);
-  stream.ReadItem(&DjSwZdFxPjFs);
-  ReadScaled(stream, ZlYPjXdSd, 1.0 / kPercentPerFraction);
-  stream.ReadItem(&DjTfSwGqWd);
-  // Written as the fraction it is, read as if it were percent: the stream format has it so.
-  ReadScaled(stream, DjKtSwXdSd, 1.0 / kPercentPerFraction);
-  stream.ReadItem(&DjSwPjFs);
-  for (double& factor : DjLfStCxXz) stream.ReadItem(&factor);
-  stream.ReadItem(&DistrictCode);
-  stream.ReadItem(&DBMNPJWD);
-  stream.ReadItem(&DBMZRYPJWD);
-  stream.ReadItem(&DBMZLYPJWD);
-  stream.ReadItem(&Aux1);
-  stream.ReadItem(&Aux2);
-  for (int k = 0; k < 9; ++k) {
-    stream.ReadItem(&LfStCxAngle[k]);
-    stream.ReadItem(&LfStCxXz[k]);
-  }
-  for (double& t : MonthTemp1) stream.ReadItem(&t);
-  stream.ReadItem(&EpwName);
-  stream.ReadItem(&EpwType);
-  stream.ReadItem(&TimeZone);
-  stream.ReadItem(&Elevation);
-  stream.ReadItem(&CityType);
-  SumDesignDay.DataInPut(stream);
-  WinDesignDay.DataInPut(stream);
-  if (v >= 3) {
-    for (double& t : MonthTemp2) stream.ReadItem(&t);
-  }
-  if (v >= 4) {
-    stream.ReadItem(&SumWindDef);
-    stream.ReadItem(&WinWindDef);
-  }
+  StreamReader reader{stream};
+  WalkStream(reader, *this, kCurrentVersionNumber);
   return ADataDef::AD_OK;
 }
 
 ADataDef::ErrorCode CQKWeatherData::DataOutPut(CADataStream stream) {
   CAData::DataOutPut(stream);
-  const unsigned long v = Version();
-  stream.WriteItem(CId);
-  stream.WriteItem(CountryName);
-  stream.WriteItem(ProvinceName);
-  stream.WriteItem(CityName);
-  stream.WriteItem(JD);
-  stream.WriteItem(WD);
-  stream.WriteItem(XjDqy / kPaPerHPa);
-  stream.WriteItem(XjKtSwGqWd);
-  stream.WriteItem(XjKtSwSqWd);
-  stream.WriteItem(XjKtRPjWd);
-  stream.WriteItem(XjJsRJC);
-  stream.WriteItem(XjSwPjFs);
-  stream.WriteItem(XjKtDqTmDDj);
-  stream.WriteItem(ZRYPjXdSd * kPercentPerFraction);
-  stream.WriteItem(XjTfSwGqWd);
-  stream.WriteItem(XjTfSwXdSd * kPercentPerFraction);
-  if (v >= 2) {
-    stream.WriteItem(Xjzdfx);
-    stream.WriteItem(Xjswzdfxpjfs);
-    stream.WriteItem(Djzdfx);
-    stream.WriteItem(Djswzdfxpjfs);
-  }
-  stream.WriteItem(DjDqy / kPaPerHPa);
-  stream.WriteItem(DjCnSwGqWd);
-  stream.WriteItem(DjKtSwGqWd);
-  stream.WriteItem(DjSwZdFxPjFs);
-  stream.WriteItem(ZlYPjXdSd * kPercentPerFraction);
-  stream.WriteItem(DjTfSwGqWd);
-  stream.WriteItem(DjKtSwXdSd);  // as held, unlike the other humidities (see DataInPut)
-  stream.WriteItem(DjSwPjFs);
-  for (double factor : DjLfStCxXz) stream.WriteItem(factor);
-  stream.WriteItem(DistrictCode);
-  stream.WriteItem(DBMNPJWD);
-  stream.WriteItem(DBMZRYPJWD);
-  stream.WriteItem(DBMZLYPJWD);
-  stream.WriteItem(Aux1);
-  stream.WriteItem(Aux2);
-  for (int k = 0; k < 9; ++k) {
-    stream.WriteItem(LfStCxAngle[k]);
-    stream.WriteItem(LfStCxXz[k]);
-  }
-  for (double t : MonthTemp1) stream.WriteItem(t);
-  stream.WriteItem(EpwName);
-  stream.WriteItem(EpwType);
-  stream.WriteItem(TimeZone);
-  stream.WriteItem(Elevation);
-  stream.WriteItem(CityType);
-  SumDesignDay.DataOutPut(stream);
-  WinDesignDay.DataOutPut(stream);
-  if (v >= 3) {
-    for (double t : MonthTemp2) stream.WriteItem(t);
-  }
-  if (v >= 4) {
-    stream.WriteItem(SumWindDef);
-    stream.WriteItem(WinWindDef);
-  }
+  StreamWriter writer{stream};
+  WalkStream(writer, *this, kCurrentVersionNumber);
   return ADataDef::AD_OK;
 }
 
 ADataDef::ErrorCode CQKWeatherData::DataInPro(CADataExchange exchange) {
   CAData::DataInPro(exchange);
-  exchange.ReadItem(L"CId", &CId);
-  exchange.ReadItem(L"DistrictCode", &DistrictCode);
-  exchange.ReadItem(L"WD", &WD);
-  exchange.ReadItem(L"JD", &JD);
-  ReadScaled(exchange, L"DjDqy", DjDqy, kPaPerHPa);
-  ReadScaled(exchange, L"XjDqy", XjDqy, kPaPerHPa);
-  exchange.ReadItem(L"DjCnSwGqWd", &DjCnSwGqWd);
-  exchange.ReadItem(L"DjKtSwGqWd", &DjKtSwGqWd);
-  exchange.ReadItem(L"XjKtSwGqWd", &XjKtSwGqWd);
-  exchange.ReadItem(L"XjKtRPjWd", &XjKtRPjWd);
-  exchange.ReadItem(L"XjJsRJC", &XjJsRJC);
-  exchange.ReadItem(L"XjKtSwSqWd", &XjKtSwSqWd);
-  if (Version() >= 2) {
-    exchange.ReadItem(L"Xjzdfx", &Xjzdfx);
-    exchange.ReadItem(L"Xjswzdfxpjfs", &Xjswzdfxpjfs);
-    exchange.ReadItem(L"Djzdfx", &Djzdfx);
-    exchange.ReadItem(L"Djswzdfxpjfs", &Djswzdfxpjfs);
-  }
-  ReadScaled(exchange, L"ZlYPjXdSd", ZlYPjXdSd, 1.0 / kPercentPerFraction);
-  ReadScaled(exchange, L"ZRYPjXdSd", ZRYPjXdSd, 1.0 / kPercentPerFraction);
-  exchange.ReadItem(L"DjSwZdFxPjFs", &DjSwZdFxPjFs);
-  exchange.ReadItem(L"XjSwPjFs", &XjSwPjFs);
-  exchange.ReadItem(L"XjKtDqTmDDj", &XjKtDqTmDDj);
-  exchange.ReadItem(L"XjTfSwGqWd", &XjTfSwGqWd);
-  ReadScaled(exchange, L"XjTfSwXdSd", XjTfSwXdSd, 1.0 / kPercentPerFraction);
-  exchange.ReadItem(L"DjTfSwGqWd", &DjTfSwGqWd);
-  ReadScaled(exchange, L"DjKtSwXdSd", DjKtSwXdSd, 1.0 / kPercentPerFraction);
-  exchange.ReadItem(L"DjSwPjFs", &DjSwPjFs);
-  for (int k = 0; k < 8; ++k) exchange.ReadItem(kDirectionItems[k], &DjLfStCxXz[k]);
-  exchange.ReadItem(L"DBMNPJWD", &DBMNPJWD);
-  exchange.ReadItem(L"DBMZRYPJWD", &DBMZRYPJWD);
-  exchange.ReadItem(L"DBMZLYPJWD", &DBMZLYPJWD);
-  exchange.ReadItem(L"CityType", &CityType);
-  exchange.ReadItem(L"EpwName", &EpwName);
-  exchange.ReadItem(L"EpwType", &EpwType);
-  exchange.ReadItem(L"Elevation", &Elevation);
-  exchange.ReadItem(L"TimeZone", &TimeZone);
-  ReadDesignDay(exchange, L"Sum", SumDesignDay);
-  ReadDesignDay(exchange, L"Win", WinDesignDay);
-  exchange.ReadItem(L"SumWindDef", &SumWindDef);
-  exchange.ReadItem(L"WinWindDef", &WinWindDef);
+  ExchangeReader reader{exchange};
+  WalkExchange(reader, *this, kCurrentVersionNumber);
   return ADataDef::AD_OK;
 }
 
 ADataDef::ErrorCode CQKWeatherData::DataOutPro(CADataExchange exchange) {
   CAData::DataOutPro(exchange);
-  exchange.WriteItem(L"CId", CId);
-  exchange.WriteItem(L"DistrictCode", DistrictCode);
-  exchange.WriteItem(L"WD", WD);
-  exchange.WriteItem(L"JD", JD);
-  exchange.WriteItem(L"DjDqy", DjDqy / kPaPerHPa);
-  exchange.WriteItem(L"XjDqy", XjDqy / kPaPerHPa);
-  exchange.WriteItem(L"DjCnSwGqWd", DjCnSwGqWd);
-  exchange.WriteItem(L"DjKtSwGqWd", DjKtSwGqWd);
-  exchange.WriteItem(L"XjKtSwGqWd", XjKtSwGqWd);
-  exchange.WriteItem(L"XjKtRPjWd", XjKtRPjWd);
-  exchange.WriteItem(L"XjJsRJC", XjJsRJC);
-  exchange.WriteItem(L"XjKtSwSqWd", XjKtSwSqWd);
-  if (Version() >= 2) {
-    exchange.WriteItem(L"Xjzdfx", Xjzdfx);
-    exchange.WriteItem(L"Xjswzdfxpjfs", Xjswzdfxpjfs);
-    exchange.WriteItem(L"Djzdfx", Djzdfx);
-    exchange.WriteItem(L"Djswzdfxpjfs", Djswzdfxpjfs);
-  }
-  exchange.WriteItem(L"ZlYPjXdSd", ZlYPjXdSd * kPercentPerFraction);
-  exchange.WriteItem(L"ZRYPjXdSd", ZRYPjXdSd * kPercentPerFraction);
-  exchange.WriteItem(L"DjSwZdFxPjFs", DjSwZdFxPjFs);
-  exchange.WriteItem(L"XjSwPjFs", XjSwPjFs);
-  exchange.WriteItem(L"XjKtDqTmDDj", XjKtDqTmDDj);
-  exchange.WriteItem(L"XjTfSwGqWd", XjTfSwGqWd);
-  exchange.WriteItem(L"XjTfSwXdSd", XjTfSwXdSd * kPercentPerFraction);
-  exchange.WriteItem(L"DjTfSwGqWd", DjTfSwGqWd);
-  exchange.WriteItem(L"DjKtSwXdSd", DjKtSwXdSd * kPercentPerFraction);
-  exchange.WriteItem(L"DjSwPjFs", DjSwPjFs);
-  for (int k = 0; k < 8; ++k) exchange.WriteItem(kDirectionItems[k], DjLfStCxXz[k]);
-  exchange.WriteItem(L"DBMNPJWD", DBMNPJWD);
-  exchange.WriteItem(L"DBMZRYPJWD", DBMZRYPJWD);
-  exchange.WriteItem(L"DBMZLYPJWD", DBMZLYPJWD);
-  exchange.WriteItem(L"CityType", CityType);
-  exchange.WriteItem(L"EpwName", EpwName);
-  exchange.WriteItem(L"EpwType", EpwType);
-  exchange.WriteItem(L"Elevation", Elevation);
-  exchange.WriteItem(L"TimeZone", TimeZone);
-  WriteDesignDay(exchange, L"Sum", SumDesignDay);
-  WriteDesignDay(exchange, L"Win", WinDesignDay);
-  exchange.WriteItem(L"SumWindDef", SumWindDef);
-  exchange.WriteItem(L"WinWindDef", WinWindDef);
+  ExchangeWriter writer{exchange};
+  WalkExchange(writer, *this, kCurrentVersionNumber);
   return ADataDef::AD_OK;
 }
 
