@@ -3,7 +3,8 @@
 # nothing. Runs apt-get update only when something has to be installed.
 set -euo pipefail
 
-packages=(g++ cmake ninja-build pkg-config libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev locales)
+packages=(g++ cmake ninja-build pkg-config libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev
+          nlohmann-json3-dev libcli11-dev locales)
 
 missing=()
 for p in "${packages[@]}"; do

@@ -39,6 +39,8 @@ TEST(QkdbTool, HelpListsTheCommands) {
   ToolRun run = Qkdb("--help");
   EXPECT_EQ(run.status, 0);
   EXPECT_NE(run.out.find("--version"), std::string::npos);
+  EXPECT_NE(run.out.find("wall"), std::string::npos);
+  EXPECT_NE(run.out.find("thickness"), std::string::npos);
 }
 
 TEST(QkdbTool, UnknownCommandFailsWithUsage) {
