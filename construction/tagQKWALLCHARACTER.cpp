@@ -79,14 +79,16 @@ class Entries {
     for (const Entry& e : *this) sum += e.r;
     return sum;
   }
-  // Periodic data exist only for a wall with real layers whose massive ones resist heat.
+  // Periodic data exist only for a wall with real layers whose massive ones resist heat. A layer
+  // without conductivity resists infinitely (U = 0): nothing periodic passes, and the periodic results
+  // are left as they were rather than filled with NaN.
   bool HasPeriodicData() const {
     if (m_count <= 2) return false;
     double massive = 0.0;
     for (const Entry& e : *this) {
       if (e.massive) massive += e.r;
     }
-    return massive > kMassless;
+    return massive > kMassless && std::isfinite(massive);
   }
 
  private:
