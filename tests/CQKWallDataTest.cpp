@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -914,4 +915,33 @@ TEST(CQKWallData, IsCreatedByClassName) {
   ASSERT_NE(wall, nullptr);
   EXPECT_EQ(wall->GetDjWHrXsData(), 23.0);
   EXPECT_EQ(LayerCount(*wall), 0);
+}
+
+TEST(CQKWallData, ANameCountTheStreamCannotHoldIsRefused) {
+  CQKWallData out;
+  out.SetTimbering(OneLayer(Brick()), false);
+  CADataStream stream;
+  out.DataOutPut(stream);
+  // Replace the trailing name count and its one name by a count of a million and nothing after it.
+  std::vector<std::uint8_t> bytes = stream.GetBytes();
+  CQKStuTimeberingName name = out.GetTimbering()[0].GetTimberNameStruct();
+  CADataStream nameBytes;
+  name.DataOutPut(nameBytes);
+  bytes.resize(bytes.size() - nameBytes.GetSize() - 4);
+  const std::uint32_t huge = 1000000;
+  for (int i = 0; i < 4; ++i) bytes.push_back(static_cast<std::uint8_t>(huge >> (8 * i)));
+  CADataStream damaged(bytes.data(), bytes.size());
+  CQKWallData in;
+  EXPECT_EQ(in.DataInPut(damaged), ADataDef::AD_BADCOUNT);
+  EXPECT_EQ(in.GetTimbering().GetSize(), 1);  // the layer was read before the names
+}
+
+TEST(CQKWallData, ALayerOfNegativeConductivityEndsTheCalculationWithFiniteU) {
+  // R·C·δ < 0 makes the root search meet a non-finite step: it must stop, not loop.
+  CQKWallData w;
+  w.AddTimberingData(Brick(), false);
+  w.AddTimberingData(Layer(0.02, -0.87, 1700.0, 1.05, 4, L"负"), false);
+  EXPECT_EQ(w.Cal(0), QKLoad::ET_OK);
+  const double r = 1.0 / 18.6 + 0.24 / 0.81 - 0.02 / 0.87 + 1.0 / 8.7;
+  EXPECT_NEAR(w.CrXs, 1.0 / r, 1e-12);
 }
