@@ -83,6 +83,27 @@ json Parsed(const ToolRun& run) { return json::parse(run.out); }
 
 }  // namespace
 
+// --- the command line ----------------------------------------------------------------------------
+
+TEST(QkdbCommandLine, NamesAnUnknownCommand) {
+  ToolRun run = Qkdb("frobnicate");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err.rfind("qkdb: unknown command \"frobnicate\"\n", 0), 0u) << run.err;
+}
+
+TEST(QkdbCommandLine, NamesAnUnknownOption) {
+  ToolRun run = Qkdb("--frobnicate");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err.rfind("qkdb: unknown option \"--frobnicate\"\n", 0), 0u) << run.err;
+}
+
+TEST(QkdbCommandLine, WithoutACommandPrintsTheUsageAndFails) {
+  ToolRun run = Qkdb("");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_TRUE(run.out.empty());
+  EXPECT_NE(run.err.find("wall"), std::string::npos) << run.err;
+}
+
 // --- wall: the output ----------------------------------------------------------------------------
 
 TEST(QkdbWall, PrintsEveryResultKey) {
@@ -240,7 +261,21 @@ TEST(QkdbWall, NamesTheLayerByItsNameWhenItHasOne) {
   ToolRun run = Qkdb("wall", R"({"layers": [{"name": "石灰砂浆", "thickness": 0.02, "conductivity": 0.81,
       "specific_heat": 1.05}]})");
   EXPECT_EQ(run.status, 2);
-  EXPECT_EQ(run.err, "qkdb wall: layer 1 (石灰砂浆): \"density\" is missing\n");
+  EXPECT_EQ(run.err, "qkdb wall: layer 1 \"石灰砂浆\": \"density\" is missing\n");
+}
+
+TEST(QkdbWall, KeepsTheMessageOnOneLineForANameWithALineBreak) {
+  ToolRun run = Qkdb("wall", R"({"layers": [{"name": "lime\nplaster", "thickness": 0.02}]})");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, "qkdb wall: layer 1 \"lime\\nplaster\": \"conductivity\" is missing\n");
+}
+
+TEST(QkdbWall, ReadsAFileThatBeginsWithAByteOrderMark) {
+  std::string file = WriteTemp(".json", std::string("\xEF\xBB\xBF") + kBrick);
+  ToolRun withMark = Qkdb("wall '" + file + "'");
+  std::remove(file.c_str());
+  EXPECT_EQ(withMark.status, 0) << withMark.err;
+  EXPECT_EQ(withMark.out, Qkdb("wall", kBrick).out);
 }
 
 TEST(QkdbWall, RefusesANonNumberWhereANumberIsRequired) {

@@ -13,10 +13,10 @@
 namespace qkdb {
 
 ThicknessCommand::ThicknessCommand(CLI::App& parent) {
-  m_app = parent.add_subcommand("thickness", "The layer thickness that gives a wall a required U");
-  m_app->add_option("--target-u", m_targetU, "the U to reach, W/(m²·K)")->required();
-  m_app->add_flag("--winter", m_winter, "with the winter outside coefficient (default: the summer one)");
-  m_app->add_option("FILE", m_file, "the wall as JSON, as for \"qkdb wall\"; standard input when absent or \"-\"");
+  m_app = parent.add_subcommand("thickness", "Find the layer thickness that gives a wall a required U");
+  m_app->add_option("--target-u", m_targetU, "The U to reach, W/(m²·K)")->required();
+  m_app->add_flag("--winter", m_winter, "Use the winter outside coefficient (default: the summer one)");
+  m_app->add_option("FILE", m_file, "The wall as JSON, as for \"qkdb wall\"; standard input when absent or \"-\"");
   m_app->footer(
       "Prints {\"layer\": index, \"thickness\": m}: index counts from 0 in \"layers\". Exit status 1 (with the\n"
       "answer printed) when the thickness comes out negative: the other layers alone already resist more\n"

@@ -21,7 +21,7 @@ nlohmann::ordered_json Series(const double (&values)[N]) {
 
 WallCommand::WallCommand(CLI::App& parent) {
   m_app = parent.add_subcommand("wall", "Calculate a wall given as JSON (layers from the outside face inwards)");
-  m_app->add_option("FILE", m_file, "the wall as JSON; standard input when absent or \"-\"");
+  m_app->add_option("FILE", m_file, "The wall as JSON; standard input when absent or \"-\"");
   m_app->footer(
       "Input: {\"inside\": 8.7, \"outside\": 18.6, \"outside_winter\": 23.0, \"layers\": [{\"name\": \"brick\",\n"
       "  \"thickness\": 0.24, \"conductivity\": 0.81, \"density\": 1800, \"specific_heat\": 1.05,\n"

@@ -19,7 +19,9 @@ namespace {
 
 using nlohmann::json;
 
-std::string Quoted(std::string_view key) { return "\"" + std::string(key) + "\""; }
+// text in double quotes, with JSON's escapes for quotes and control characters, so a key, a name or a
+// path with a line break in it cannot break the message over two lines.
+std::string Quoted(std::string_view text) { return json(std::string(text)).dump(); }
 
 std::string ReadAll(std::FILE* from, const std::string& what) {
   std::string text;
@@ -50,7 +52,8 @@ const json* Member(const json& object, std::string_view key) {
   return it == object.end() ? nullptr : &*it;
 }
 
-// value as a number of the sign asked; where prefixes the message: "" or "layer 2: ".
+// value as a number of the sign asked; where prefixes the message: "", "layer 2: " or
+// "layer 2 \"brick\": ".
 double Number(const json& value, const std::string& where, std::string_view key, Sign sign) {
   if (!value.is_number()) throw InputError(where + Quoted(key) + " is not a number (got " + value.dump() + ")");
   double number = value.get<double>();
@@ -92,7 +95,7 @@ CQKTimberingData ParseLayer(const json& item, std::size_t number) {
     name = CString::FromUtf8(value->get_ref<const std::string&>());
   }
   // In a wall of many layers the name finds the layer faster than its number.
-  if (!name.IsEmpty()) where = "layer " + std::to_string(number) + " (" + name.ToUtf8() + "): ";
+  if (!name.IsEmpty()) where = "layer " + std::to_string(number) + " " + Quoted(name.ToUtf8()) + ": ";
   RefuseUnknownKeys(item, where,
                     {"name", "thickness", "conductivity", "density", "specific_heat", "conductivity_correction",
                      "density_correction"});
@@ -124,8 +127,8 @@ CQKTimberingData ParseLayer(const json& item, std::size_t number) {
 std::string ReadInput(const std::string& file) {
   if (file.empty() || file == "-") return ReadAll(stdin, "standard input");
   std::unique_ptr<std::FILE, int (*)(std::FILE*)> handle(std::fopen(file.c_str(), "rb"), &std::fclose);
-  if (!handle) throw InputError("cannot read \"" + file + "\": " + std::strerror(errno));
-  return ReadAll(handle.get(), "\"" + file + "\"");
+  if (!handle) throw InputError("cannot read " + Quoted(file) + ": " + std::strerror(errno));
+  return ReadAll(handle.get(), Quoted(file));
 }
 
 CQKWallData ParseWall(const std::string& text) {

@@ -15,7 +15,7 @@
 int main(int argc, char** argv) {
   CLI::App app("The reference database of a building thermal-load design system, from the command line.", "qkdb");
   app.set_version_flag("--version", std::string("qkdb ") + QKDB_VERSION,
-                       "show the version (the tool and the library are released together)");
+                       "Print the version and exit (the tool and the library are released together)");
   qkdb::WallCommand wall(app);
   qkdb::ThicknessCommand thickness(app);
 
@@ -24,8 +24,15 @@ int main(int argc, char** argv) {
   } catch (const CLI::Success& e) {
     return app.exit(e);  // --help or --version, printed on standard output
   } catch (const CLI::ParseError& e) {
-    std::string line = std::string("qkdb: ") + e.what() + "\nRun \"qkdb --help\" for the commands.\n";
-    std::fputs(line.c_str(), stderr);
+    std::string message = e.what();
+    // A word CLI11 could not place, with no command chosen, is a command or option the tool does not
+    // have; say which, rather than CLI11's "not expected".
+    if (dynamic_cast<const CLI::ExtrasError*>(&e) && app.get_subcommands().empty() && !app.remaining().empty()) {
+      const std::string word = app.remaining().front();  // remaining() is a fresh vector
+      message = (word.starts_with('-') ? "unknown option \"" : "unknown command \"") + word + "\"";
+    }
+    std::string text = "qkdb: " + message + "\nRun \"qkdb --help\" for the commands.\n";
+    std::fputs(text.c_str(), stderr);
     return 2;
   }
 
