@@ -117,3 +117,46 @@ CREATE TABLE Weather (
 -- No index on JD/WD: the neighbour search gives ties to the earlier row in the order the rows come
 -- back, and an index on position would hand them back sorted by longitude instead of as stored.
 CREATE INDEX WeatherCity ON Weather (CId);
+
+-- Rooms: room types, then room uses (RTId = ID of its room type), then the load parameters of each
+-- room use (RUId = ID of its room use), one column per named item: humidities in percent, LaoDongQD
+-- the labour intensity as its id 0..4 (静坐, 极轻劳动, 轻度劳动, 中等劳动, 重度劳动).
+CREATE TABLE RoomType (
+  ID   INTEGER PRIMARY KEY AUTOINCREMENT,
+  Name TEXT NOT NULL DEFAULT '' COLLATE NOCASE
+);
+CREATE INDEX RoomTypeName ON RoomType (Name);
+
+CREATE TABLE RoomUse (
+  ID   INTEGER PRIMARY KEY AUTOINCREMENT,
+  RTId INTEGER NOT NULL DEFAULT 0,
+  Name TEXT NOT NULL DEFAULT '' COLLATE NOCASE
+);
+CREATE INDEX RoomUseTypeName ON RoomUse (RTId, Name);
+CREATE INDEX RoomUseName ON RoomUse (Name);
+
+CREATE TABLE RULoadParam (
+  ID             INTEGER PRIMARY KEY AUTOINCREMENT,
+  RUId           INTEGER NOT NULL DEFAULT 0,
+  DongJiSNSJWD   REAL,
+  DongJiSNSJXDSD REAL,
+  XiaJiSNSJWD    REAL,
+  XiaJiSNSJXDSD  REAL,
+  RenYuanMD      REAL,
+  ZhaoMingBZ     REAL,
+  SheBeiBZ       REAL,
+  XinFengL       REAL,
+  ZaoYin         INTEGER,
+  ZongLengZB     REAL,
+  ZongReZB       REAL,
+  WeiHuLZB       REAL,
+  RenYuanLZB     REAL,
+  XinFengLZB     REAL,
+  QiTaLZB        REAL,
+  WeiHuRZB       REAL,
+  RenYuanRZB     REAL,
+  XinFengRZB     REAL,
+  LaoDongQD      INTEGER,
+  ShenTouL       REAL
+);
+CREATE INDEX RULoadParamRoomUse ON RULoadParam (RUId);

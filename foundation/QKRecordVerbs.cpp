@@ -32,4 +32,19 @@ void ReadKey(tagDBSTRUCT& record, const wchar_t* sql, CADODatabase* db) {
   rs.Close();
 }
 
+long FirstId(const wchar_t* sql, CADODatabase* db) {
+  if (db == nullptr) return -1;
+  CADORecordset rs;
+  if (!rs.Open(db->GetActiveConnection(), db->GetActiveAdoap(), db->GetCurrentConnectType(), sql, 0)) return -1;
+  long id = 0;
+  if (!rs.IsEOF()) rs.GetFieldValue(L"ID", id);
+  return id;
+}
+
+CString DeleteFailedText(const CString& table) {
+  CString text;
+  text.Format(L"删除表 \"%s\" 时出错!", table.GetString());
+  return text;
+}
+
 }  // namespace QKRecordVerbs

@@ -30,6 +30,13 @@ void WriteItems(CADORecordset& rs, CAData& value);
 // fails, or finds no row, the key is left as it was.
 void ReadKey(tagDBSTRUCT& record, const wchar_t* sql, CADODatabase* db);
 
+// The "ID" of the first row of sql run straight on db's active connection: -1 when the query cannot
+// run (db null or not open, a bad table), 0 for no row. The Has… lookups of the record classes.
+long FirstId(const wchar_t* sql, CADODatabase* db);
+
+// The message of a failed deletion: 删除表 "<table>" 时出错!
+CString DeleteFailedText(const CString& table);
+
 // Runs sql and loads its first row into record: DBS_EXIST (record is now that row, its ID
 // included), DBS_NOTEXIST for no row, DBS_ERROR when the query fails. A null db is the record's own.
 template <class Record>

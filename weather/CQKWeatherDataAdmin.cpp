@@ -3,6 +3,7 @@
 #include <cmath>
 #include <vector>
 
+#include "foundation/QKRecordVerbs.h"
 #include "tablekit/CADORecordset.h"
 #include "tablekit/RvAfxMessageBox.h"
 
@@ -16,18 +17,12 @@ double PlanarDistance(const CQKWeather& w, double jd, double wd) {
   return std::sqrt((w.JD - jd) * (w.JD - jd) + (w.WD - wd) * (w.WD - wd));
 }
 
-CString DeleteFailedText(const CString& table) {
-  CString text;
-  text.Format(L"删除表 \"%s\" 时出错!", table.GetString());
-  return text;
-}
-
 // Runs "delete from <table> where Id=<id>" on db; shows the deletion message with style on failure.
 int DeleteRowOrTell(tagDBSTRUCT& record, const CString& table, long id, CADODatabase* db, unsigned int style) {
   CString sql;
   sql.Format(L"delete from %s where Id=%d", table.GetString(), static_cast<int>(id));
   if (db != nullptr && record.ExecSql(sql, nullptr, db)) return 1;
-  RvAfxMessageBox(DeleteFailedText(table), style);
+  RvAfxMessageBox(QKRecordVerbs::DeleteFailedText(table), style);
   return 0;
 }
 
@@ -215,12 +210,12 @@ int CQKWeatherDataAdmin::DeleteWeatherByCityID(long id, CString& strError) {
   CString sql;
   sql.Format(L"DELETE FROM %s WHERE CId=%d", weatherTable.GetString(), static_cast<int>(id));
   if (!weather.ExecSql(sql, nullptr, db)) {
-    strError = DeleteFailedText(weatherTable);
+    strError = QKRecordVerbs::DeleteFailedText(weatherTable);
     return 0;
   }
   sql.Format(L"DELETE FROM %s WHERE id=%d", cityTable.GetString(), static_cast<int>(id));
   if (!weather.ExecSql(sql, nullptr, db)) {
-    strError = DeleteFailedText(cityTable);
+    strError = QKRecordVerbs::DeleteFailedText(cityTable);
     return 0;
   }
   return 1;

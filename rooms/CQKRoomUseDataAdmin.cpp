@@ -1,0 +1,108 @@
+#include "rooms/CQKRoomUseDataAdmin.h"
+
+#include "foundation/QKRecordVerbs.h"
+#include "rooms/CQKRULoadParam.h"
+#include "tablekit/CADORecordset.h"
+#include "tablekit/RvAfxMessageBox.h"
+
+namespace {
+
+constexpr unsigned int kErrorIcon = 16;  // MB_ICONERROR
+
+// Runs "delete from <table> where Id=<id>" on db; shows the deletion message on failure.
+int DeleteRowOrTell(tagDBSTRUCT& record, const CString& table, long id, CADODatabase* db) {
+  CString sql;
+  sql.Format(L"delete from %s where Id=%d", table.GetString(), static_cast<int>(id));
+  if (db != nullptr && record.ExecSql(sql, nullptr, db)) return 1;
+  RvAfxMessageBox(QKRecordVerbs::DeleteFailedText(table), kErrorIcon);
+  return 0;
+}
+
+// Frees node and every node under it, children first.
+void FreeNodes(CQKRoomUseDataAdmin::tagRoomUseNode* node) {
+  if (node == nullptr) return;
+  for (int i = 0; i < node->arrChild.GetSize(); ++i) FreeNodes(node->arrChild[i]);
+  delete node;
+}
+
+}  // namespace
+
+CQKRoomUseDataAdmin::tagRoomUseNode::tagRoomUseNode(const wchar_t* name, long id, tagRoomUseNode* parent, int flag)
+    : strName(name), nFlag(flag), nId(id), pParent(parent) {
+  if (parent != nullptr) parent->arrChild.Add(this);
+}
+
+void CQKRoomUseDataAdmin::ReleaseRoomUseNodes(tagRoomUseNode* node) {
+  // The whole tree is the shared owner's to free, once its last admin lets go.
+  if (node != nullptr && node == m_tree.get()) {
+    m_tree.reset();
+    return;
+  }
+  FreeNodes(node);
+}
+
+CQKRoomUseDataAdmin::tagRoomUseNode* CQKRoomUseDataAdmin::GetRoomUseNodes(int bRebuild) {
+  if (bRebuild == 0 && m_pRoomUseRoot != nullptr) return m_pRoomUseRoot;
+  MakeRoomUseNodes();
+  return m_pRoomUseRoot;
+}
+
+int CQKRoomUseDataAdmin::MakeRoomUseNodes() {
+  // The old tree goes when the last admin sharing it lets go.
+  m_pRoomUseRoot = new tagRoomUseNode(L"*", -1, nullptr, 1);
+  m_tree.reset(m_pRoomUseRoot, FreeNodes);
+
+  CQKRoomType type;
+  CQKRoomUse use;
+  CString sql;
+  sql.Format(L"select * from %s order by Id", type.GetTableName().GetString());
+  CADORecordset types;
+  if (!type.ExecSql(sql, &types, nullptr)) return 0;
+  for (; !types.IsEOF(); types.MoveNext()) {
+    type.MakeObjectFromRS(types);
+    tagRoomUseNode* typeNode = new tagRoomUseNode(type.Name, type.GetID(), m_pRoomUseRoot, 1);
+    // A failed query here leaves the type without room uses.
+    sql.Format(L"select * from %s where RTId=%d order by Id", use.GetTableName().GetString(),
+               static_cast<int>(type.GetID()));
+    CADORecordset uses;
+    use.ExecSql(sql, &uses, nullptr);
+    for (; !uses.IsEOF(); uses.MoveNext()) {
+      use.MakeObjectFromRS(uses);
+      new tagRoomUseNode(use.Name, use.GetID(), typeNode, 1);
+    }
+    uses.Close();
+  }
+  return 1;
+}
+
+CQKRoomUseDataAdmin::tagRoomUseNode* CQKRoomUseDataAdmin::FindRoomUseNode(tagRoomUseNode* typeNode,
+                                                                          tagRoomUseNode& key) {
+  if (typeNode == nullptr) return nullptr;
+  for (int i = 0; i < typeNode->arrChild.GetSize(); ++i) {
+    if (typeNode->arrChild[i]->strName == key.strName) return typeNode->arrChild[i];
+  }
+  return nullptr;
+}
+
+CQKRoomUseDataAdmin::tagRoomUseNode* CQKRoomUseDataAdmin::FindRoomTypeNode(tagRoomUseNode& key) {
+  return FindRoomUseNode(m_pRoomUseRoot, key);
+}
+
+int CQKRoomUseDataAdmin::DeleteRoomUse(CQKRoomUse& roomUse) {
+  CADODatabase* db = roomUse.GetUserDatabase();
+  CQKRULoadParam parameters;
+  if (!DeleteRowOrTell(roomUse, parameters.GetTableName(), roomUse.GetID(), db)) return 0;
+  return DeleteRowOrTell(roomUse, roomUse.GetTableName(), roomUse.GetID(), db);
+}
+
+int CQKRoomUseDataAdmin::DeleteRoomType(CQKRoomType& roomType) {
+  tagRoomUseNode key(roomType.Name, -1, nullptr, 1);
+  if (tagRoomUseNode* typeNode = FindRoomTypeNode(key)) {
+    for (int i = 0; i < typeNode->arrChild.GetSize(); ++i) {
+      CQKRoomUse use;
+      use.SetID(typeNode->arrChild[i]->nId);
+      DeleteRoomUse(use);
+    }
+  }
+  return DeleteRowOrTell(roomType, roomType.GetTableName(), roomType.GetID(), roomType.GetUserDatabase());
+}
