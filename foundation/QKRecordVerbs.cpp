@@ -5,6 +5,7 @@
 #include "datakit/CADataProp.h"
 #include "foundation/CQKDataProp.h"
 #include "tablekit/CADODatabase.h"
+#include "tablekit/RvAfxMessageBox.h"
 
 namespace QKRecordVerbs {
 
@@ -45,6 +46,14 @@ CString DeleteFailedText(const CString& table) {
   CString text;
   text.Format(L"删除表 \"%s\" 时出错!", table.GetString());
   return text;
+}
+
+int DeleteRowOrTell(tagDBSTRUCT& record, const CString& table, long id, CADODatabase* db, unsigned int style) {
+  CString sql;
+  sql.Format(L"delete from %s where Id=%d", table.GetString(), static_cast<int>(id));
+  if (db != nullptr && record.ExecSql(sql, nullptr, db)) return 1;
+  RvAfxMessageBox(DeleteFailedText(table), style);
+  return 0;
 }
 
 }  // namespace QKRecordVerbs

@@ -37,6 +37,10 @@ long FirstId(const wchar_t* sql, CADODatabase* db);
 // The message of a failed deletion: 删除表 "<table>" 时出错!
 CString DeleteFailedText(const CString& table);
 
+// Runs "delete from <table> where Id=<id>" through record on db: 1, or 0 after showing the deletion
+// message for table with style (a null db fails). The deletions of the administration classes.
+int DeleteRowOrTell(tagDBSTRUCT& record, const CString& table, long id, CADODatabase* db, unsigned int style);
+
 // Runs sql and loads its first row into record: DBS_EXIST (record is now that row, its ID
 // included), DBS_NOTEXIST for no row, DBS_ERROR when the query fails. A null db is the record's own.
 template <class Record>

@@ -3,20 +3,10 @@
 #include "foundation/QKRecordVerbs.h"
 #include "rooms/CQKRULoadParam.h"
 #include "tablekit/CADORecordset.h"
-#include "tablekit/RvAfxMessageBox.h"
 
 namespace {
 
 constexpr unsigned int kErrorIcon = 16;  // MB_ICONERROR
-
-// Runs "delete from <table> where Id=<id>" on db; shows the deletion message on failure.
-int DeleteRowOrTell(tagDBSTRUCT& record, const CString& table, long id, CADODatabase* db) {
-  CString sql;
-  sql.Format(L"delete from %s where Id=%d", table.GetString(), static_cast<int>(id));
-  if (db != nullptr && record.ExecSql(sql, nullptr, db)) return 1;
-  RvAfxMessageBox(QKRecordVerbs::DeleteFailedText(table), kErrorIcon);
-  return 0;
-}
 
 // Frees node and every node under it, children first.
 void FreeNodes(CQKRoomUseDataAdmin::tagRoomUseNode* node) {
@@ -91,8 +81,8 @@ CQKRoomUseDataAdmin::tagRoomUseNode* CQKRoomUseDataAdmin::FindRoomTypeNode(tagRo
 int CQKRoomUseDataAdmin::DeleteRoomUse(CQKRoomUse& roomUse) {
   CADODatabase* db = roomUse.GetUserDatabase();
   CQKRULoadParam parameters;
-  if (!DeleteRowOrTell(roomUse, parameters.GetTableName(), roomUse.GetID(), db)) return 0;
-  return DeleteRowOrTell(roomUse, roomUse.GetTableName(), roomUse.GetID(), db);
+  if (!QKRecordVerbs::DeleteRowOrTell(roomUse, parameters.GetTableName(), roomUse.GetID(), db, kErrorIcon)) return 0;
+  return QKRecordVerbs::DeleteRowOrTell(roomUse, roomUse.GetTableName(), roomUse.GetID(), db, kErrorIcon);
 }
 
 int CQKRoomUseDataAdmin::DeleteRoomType(CQKRoomType& roomType) {
@@ -104,5 +94,6 @@ int CQKRoomUseDataAdmin::DeleteRoomType(CQKRoomType& roomType) {
       DeleteRoomUse(use);
     }
   }
-  return DeleteRowOrTell(roomType, roomType.GetTableName(), roomType.GetID(), roomType.GetUserDatabase());
+  return QKRecordVerbs::DeleteRowOrTell(roomType, roomType.GetTableName(), roomType.GetID(),
+                                       roomType.GetUserDatabase(), kErrorIcon);
 }

@@ -17,15 +17,6 @@ double PlanarDistance(const CQKWeather& w, double jd, double wd) {
   return std::sqrt((w.JD - jd) * (w.JD - jd) + (w.WD - wd) * (w.WD - wd));
 }
 
-// Runs "delete from <table> where Id=<id>" on db; shows the deletion message with style on failure.
-int DeleteRowOrTell(tagDBSTRUCT& record, const CString& table, long id, CADODatabase* db, unsigned int style) {
-  CString sql;
-  sql.Format(L"delete from %s where Id=%d", table.GetString(), static_cast<int>(id));
-  if (db != nullptr && record.ExecSql(sql, nullptr, db)) return 1;
-  RvAfxMessageBox(QKRecordVerbs::DeleteFailedText(table), style);
-  return 0;
-}
-
 }  // namespace
 
 CString CQKWeatherDataAdmin::s_m_sEpwDir;
@@ -199,7 +190,8 @@ CQKWeatherDataAdmin::tagCityNode* CQKWeatherDataAdmin::FindCityNode(CQKCountry& 
 }
 
 int CQKWeatherDataAdmin::DeleteWeatherofCity(CQKCity& city) {
-  return DeleteRowOrTell(city, city.GetTableName(), city.GetID(), city.GetUserDatabase(), kErrorIcon);
+  return QKRecordVerbs::DeleteRowOrTell(city, city.GetTableName(), city.GetID(), city.GetUserDatabase(),
+                                        kErrorIcon);
 }
 
 int CQKWeatherDataAdmin::DeleteWeatherByCityID(long id, CString& strError) {
@@ -230,11 +222,13 @@ int CQKWeatherDataAdmin::DeleteWeatherOfProvince(CQKCountry& country, CQKProvinc
     }
   }
   // The province is deleted on the country class's connection, and its failure shows no icon.
-  return DeleteRowOrTell(province, province.GetTableName(), province.GetID(), country.GetUserDatabase(), 0);
+  return QKRecordVerbs::DeleteRowOrTell(province, province.GetTableName(), province.GetID(),
+                                        country.GetUserDatabase(), 0);
 }
 
 int CQKWeatherDataAdmin::DeleteCountry(CQKCountry& country) {
-  return DeleteRowOrTell(country, country.GetTableName(), country.GetID(), country.GetUserDatabase(), kErrorIcon);
+  return QKRecordVerbs::DeleteRowOrTell(country, country.GetTableName(), country.GetID(),
+                                        country.GetUserDatabase(), kErrorIcon);
 }
 
 int CQKWeatherDataAdmin::GetWeatherByCityId(CQKWeather& weather) {
