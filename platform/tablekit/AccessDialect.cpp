@@ -202,7 +202,7 @@ void RewriteOrderBy(std::vector<Token>& t) {
 
 }  // namespace
 
-bool TranslateAccessSql(const wchar_t* accessSql, std::string& out, std::string& error) {
+bool TranslateAccessSql(const wchar_t* accessSql, std::string& out, std::string& error, SqlDialect dialect) {
   std::vector<Token> tokens;
   if (accessSql == nullptr || !Tokenize(accessSql, tokens, error)) {
     if (accessSql == nullptr) error = "no statement";
@@ -215,6 +215,14 @@ bool TranslateAccessSql(const wchar_t* accessSql, std::string& out, std::string&
   std::wstring limit;
   if (!TakeTop(tokens, limit, error)) return false;
   RewriteOrderBy(tokens);
+  if (dialect == SqlDialect::PostgreSQL) {
+    for (Token& t : tokens) {
+      if (t.kind != Kind::Identifier) continue;
+      for (wchar_t& c : t.text) {
+        if (c >= L'A' && c <= L'Z') c = static_cast<wchar_t>(c - L'A' + L'a');
+      }
+    }
+  }
   std::wstring sql;
   for (const Token& t : tokens) sql += t.text;
   while (!sql.empty() && sql.back() == L' ') sql.pop_back();

@@ -6,7 +6,9 @@
 //                   quote inside is doubled). There is no escape inside it, so a text that holds a
 //                   double quote ends early and the statement fails: the library never escapes names.
 //   'text'          kept as it is ('' is a quote inside it).
-//   [name]          a bracketed name becomes the standard quoted identifier "name".
+//   [name]          a bracketed name becomes the standard quoted identifier "name"; for PostgreSQL,
+//                   which folds unquoted names to lower case, "name" in lower case, so that [City]
+//                   and City name the same table there too.
 //   select top N    becomes a LIMIT N at the end of the statement (only for the outermost select;
 //                   "top N percent" is refused).
 //   order by a=b    Access sorts a comparison as a number, true (-1) before false (0); each order-by
@@ -21,9 +23,13 @@
 
 namespace tablekit {
 
+// The backend a statement is translated for.
+enum class SqlDialect { SQLite, PostgreSQL };
+
 // Translates one Access statement to UTF-8 SQL. Returns false with a reason in error (and out
 // unspecified) for an empty statement, an unterminated text or name, a second statement, or an
 // unsupported "top".
-QK_EXPORT bool TranslateAccessSql(const wchar_t* accessSql, std::string& out, std::string& error);
+QK_EXPORT bool TranslateAccessSql(const wchar_t* accessSql, std::string& out, std::string& error,
+                                  SqlDialect dialect = SqlDialect::SQLite);
 
 }  // namespace tablekit

@@ -1,16 +1,22 @@
 #include "tablekit/CADODatabase.h"
 
 #include "tablekit/AccessDialect.h"
+#include "tablekit/postgres/PgConnection.h"
 #include "tablekit/sqlite/SqliteConnection.h"
 
 CADODatabase::CADODatabase() = default;
 CADODatabase::~CADODatabase() = default;
 
-int CADODatabase::OpenAccess(const wchar_t* path, const wchar_t*, const wchar_t*) {
+int CADODatabase::OpenAccess(const wchar_t* path, const wchar_t* user, const wchar_t* password) {
   Close();
   m_strPath = path;
   std::string error;
-  m_pConnection = tablekit::SqliteConnection::Open(m_strPath.ToUtf8(), error);
+  const std::string target = m_strPath.ToUtf8();
+  if (tablekit::PgConnection::IsUri(target)) {
+    m_pConnection = tablekit::PgConnection::Open(target, CString(user).ToUtf8(), CString(password).ToUtf8(), error);
+  } else {
+    m_pConnection = tablekit::SqliteConnection::Open(target, error);
+  }
   SetLastError(m_pConnection ? std::string() : error);
   return m_pConnection != nullptr;
 }
@@ -25,7 +31,8 @@ int CADODatabase::Execute(const wchar_t* sql) {
     return 0;
   }
   std::string translated, error;
-  bool ok = tablekit::TranslateAccessSql(sql, translated, error) && m_pConnection->Execute(translated, error);
+  bool ok = tablekit::TranslateAccessSql(sql, translated, error, GetDialect()) &&
+            m_pConnection->Execute(translated, error);
   SetLastError(ok ? std::string() : error);
   return ok;
 }
@@ -39,3 +46,8 @@ int CADODatabase::GetCurrentConnectType() const {
 }
 
 void CADODatabase::SetLastError(const std::string& reasonUtf8) { m_strLastError = CString::FromUtf8(reasonUtf8); }
+
+tablekit::SqlDialect CADODatabase::GetDialect() const {
+  return GetCurrentConnectType() == connectTypePostgreSQL ? tablekit::SqlDialect::PostgreSQL
+                                                          : tablekit::SqlDialect::SQLite;
+}

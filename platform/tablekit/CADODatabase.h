@@ -3,8 +3,9 @@
 // life of the process; destroying it closes it.
 //
 // OpenAccess opens an existing SQLite database file (the reference database that stands where the
-// Access file stood). It never creates a file: a missing file, or one that is not a database, is a
-// failed open. User and password are accepted for the interface and unused by SQLite.
+// Access file stood), or, when the path is a connection URI (postgresql://…), a database on a
+// PostgreSQL server. It never creates a file: a missing file, or one that is not a database, is a
+// failed open. User and password fill in what a URI leaves out; SQLite does not use them.
 // Every statement passes the Access dialect layer (AccessDialect.h) first. Failures return 0; the
 // reason is kept for GetLastError. Not safe for concurrent use.
 
@@ -13,13 +14,14 @@
 
 #include "QKExport.h"
 #include "mfc/CString.h"
+#include "tablekit/AccessDialect.h"
 #include "tablekit/CADOOP.h"
 
 class CADOConnection;
 
 class QK_EXPORT CADODatabase {
  public:
-  enum ConnectType { connectTypeNone = 0, connectTypeSQLite = 1 };
+  enum ConnectType { connectTypeNone = 0, connectTypeSQLite = 1, connectTypePostgreSQL = 2 };
 
   CADODatabase();
   CADODatabase(const CADODatabase&) = delete;
@@ -39,6 +41,8 @@ class QK_EXPORT CADODatabase {
   CADOConnection* GetActiveConnection() const;
   CADOOP GetActiveAdoap() const;
   int GetCurrentConnectType() const;
+  // The dialect of the open connection's backend (SQLite while closed).
+  tablekit::SqlDialect GetDialect() const;
 
   // The path of the last OpenAccess, and the reason of the last failure ("" after a success).
   CString GetPath() const { return m_strPath; }

@@ -112,7 +112,10 @@ int CADORecordset::Open(CADOConnection* connection, const CADOOP& options, int c
   if (connection == nullptr) return s.Fail("no connection");
   if (connection->GetConnectType() != connectType) return s.Fail("the connection is not of the kind given");
   std::string translated, error;
-  if (!tablekit::TranslateAccessSql(sql, translated, error) || !connection->Query(translated, s.result, error)) {
+  const tablekit::SqlDialect dialect = connectType == CADODatabase::connectTypePostgreSQL
+                                          ? tablekit::SqlDialect::PostgreSQL
+                                          : tablekit::SqlDialect::SQLite;
+  if (!tablekit::TranslateAccessSql(sql, translated, error, dialect) || !connection->Query(translated, s.result, error)) {
     s.result = tablekit::ResultSet();
     return s.Fail(error);
   }

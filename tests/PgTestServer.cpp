@@ -1,0 +1,91 @@
+#include "PgTestServer.h"
+
+#include <libpq-fe.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+#include "tablekit/postgres/PgSchema.h"
+
+namespace {
+
+// Runs sql on the database at uri; "" on success, else the server's reason.
+std::string Exec(const std::string& uri, const std::string& sql) {
+  PGconn* conn = PQconnectdb(uri.c_str());
+  PQsetNoticeProcessor(conn, [](void*, const char*) {}, nullptr);  // "does not exist, skipping"
+  std::string error;
+  if (PQstatus(conn) != CONNECTION_OK) {
+    error = PQerrorMessage(conn);
+  } else {
+    PGresult* res = PQexec(conn, sql.c_str());
+    const ExecStatusType status = PQresultStatus(res);
+    if (status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK) error = PQresultErrorMessage(res);
+    PQclear(res);
+  }
+  PQfinish(conn);
+  return error;
+}
+
+// The URI of database name on the server of the maintenance URI server.
+std::string WithDatabase(const std::string& server, const std::string& name) {
+  const std::size_t query = server.find('?');
+  const std::string base = server.substr(0, query);
+  const std::size_t slash = base.find('/', base.find("://") + 3);
+  return (slash == std::string::npos ? base : base.substr(0, slash)) + "/" + name +
+         (query == std::string::npos ? "" : server.substr(query));
+}
+
+}  // namespace
+
+PgTestDatabase::PgTestDatabase() {
+  const char* server = std::getenv("QK_PG_URI");
+  if (server == nullptr || *server == '\0') {
+    m_why = "QK_PG_URI is not set";
+    return;
+  }
+  m_server = server;
+  static std::atomic<int> counter{0};
+  m_name = "qk_test_" + std::to_string(getpid()) + "_" + std::to_string(counter++);
+  Exec(m_server, "DROP DATABASE IF EXISTS " + m_name);
+  if (std::string error = Exec(m_server, "CREATE DATABASE " + m_name + " ENCODING 'UTF8' TEMPLATE template0");
+      !error.empty()) {
+    m_why = "cannot create a test database: " + error;
+    return;
+  }
+  std::ifstream file(QK_SCHEMA_FILE);
+  const std::string schema((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+  const std::string uri = WithDatabase(m_server, m_name);
+  if (std::string error = Exec(uri, tablekit::PostgresSchema(schema)); !error.empty()) {
+    m_why = "cannot create the schema: " + error;
+    return;
+  }
+  m_uri = uri;
+}
+
+PgTestDatabase::~PgTestDatabase() {
+  if (!m_name.empty()) Exec(m_server, "DROP DATABASE IF EXISTS " + m_name + " WITH (FORCE)");
+}
+
+void PgTestDatabase::Run(const std::string& sql) const {
+  const std::string error = Exec(m_uri, sql);
+  EXPECT_EQ(error, "") << sql;
+}
+
+std::string PgTestDatabase::QueryOne(const std::string& sql) const {
+  PGconn* conn = PQconnectdb(m_uri.c_str());
+  std::string out;
+  PGresult* res = PQexec(conn, sql.c_str());
+  if (PQresultStatus(res) != PGRES_TUPLES_OK) {
+    out = std::string("<error: ") + PQresultErrorMessage(res) + ">";
+  } else if (PQntuples(res) < 1 || PQgetisnull(res, 0, 0)) {
+    out = "<null>";
+  } else {
+    out = PQgetvalue(res, 0, 0);
+  }
+  PQclear(res);
+  PQfinish(conn);
+  return out;
+}

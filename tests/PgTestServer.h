@@ -1,0 +1,46 @@
+#pragma once
+// A database of its own on the PostgreSQL server named by the environment, for one test: created from
+// the reference schema in SetUp, dropped in TearDown.
+//
+// QK_PG_URI names the server's maintenance database (postgresql://user@host:port/postgres). Without it
+// the PostgreSQL tests are skipped, unless QK_PG_REQUIRED is set (as CI sets it), where they fail:
+// a server that CI could not start must not pass as tested.
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "mfc/CString.h"
+
+class PgTestDatabase {
+ public:
+  // Creates the database, or records why not (Available() is then false).
+  PgTestDatabase();
+  ~PgTestDatabase();
+  PgTestDatabase(const PgTestDatabase&) = delete;
+  PgTestDatabase& operator=(const PgTestDatabase&) = delete;
+
+  bool Available() const { return !m_uri.empty(); }
+  const std::string& Why() const { return m_why; }
+  // The URI of the test's database, as the library takes it.
+  CString Uri() const { return CString::FromUtf8(m_uri); }
+  // Runs a script of statements on the test's database; fails the calling test on an error.
+  void Run(const std::string& sql) const;
+  // A single value as text; "<null>" for null, "<error: ...>" on failure.
+  std::string QueryOne(const std::string& sql) const;
+
+ private:
+  std::string m_server;  // maintenance URI
+  std::string m_name;
+  std::string m_uri;
+  std::string m_why;
+};
+
+// In a fixture's SetUp: skips the test, or fails it when a server is required.
+#define QK_REQUIRE_PG(database)                                                            \
+  do {                                                                                      \
+    if (!(database).Available()) {                                                          \
+      if (std::getenv("QK_PG_REQUIRED")) FAIL() << "PostgreSQL required: " << (database).Why(); \
+      GTEST_SKIP() << (database).Why();                                                     \
+    }                                                                                       \
+  } while (0)
