@@ -89,7 +89,7 @@ TEST(CQKCityData, ExchangeReadsIdNameAndProvince) {
   EXPECT_EQ(in.PId, 4);
 }
 
-TEST_F(CQKCityTest, LoadingACityFillsIdWithItsKey) {
+TEST_P(CQKCityTest, LoadingACityFillsIdWithItsKey) {
   Seed("INSERT INTO City (PId, Name) VALUES (1, '北京'), (1, '天津');");
   CQKCity c = City(1, L"天津");
   ASSERT_EQ(c.IsExist(&db), DBS_EXIST);
@@ -97,7 +97,7 @@ TEST_F(CQKCityTest, LoadingACityFillsIdWithItsKey) {
   EXPECT_EQ(c.Id, 2);
 }
 
-TEST_F(CQKCityTest, WritingACityBackNeverTouchesItsKey) {
+TEST_P(CQKCityTest, WritingACityBackNeverTouchesItsKey) {
   Seed("INSERT INTO City (PId, Name) VALUES (1, '北京');");
   CQKCity c = City(1, L"北京");
   ASSERT_EQ(c.IsExist(&db), DBS_EXIST);
@@ -107,7 +107,7 @@ TEST_F(CQKCityTest, WritingACityBackNeverTouchesItsKey) {
   EXPECT_EQ(Query("select ID || ':' || Name from City"), "1:北京市");
 }
 
-TEST_F(CQKCityTest, AddedCityKeepsTheIdItHadBeforeTheInsert) {
+TEST_P(CQKCityTest, AddedCityKeepsTheIdItHadBeforeTheInsert) {
   CQKCity c = City(1, L"上海");
   c.Id = 55;
   ASSERT_EQ(c.AddIfNotExist(&db, 0), DBS_ADDED);
@@ -115,20 +115,20 @@ TEST_F(CQKCityTest, AddedCityKeepsTheIdItHadBeforeTheInsert) {
   EXPECT_EQ(c.Id, 55);
 }
 
-TEST_F(CQKCityTest, ACityWithProvinceZeroIsLookedUpAmongCitiesOfProvinceZero) {
+TEST_P(CQKCityTest, ACityWithProvinceZeroIsLookedUpAmongCitiesOfProvinceZero) {
   Seed("INSERT INTO City (PId, Name) VALUES (3, '三亚'), (0, '三亚');");
   CQKCity c = City(0, L"三亚");
   EXPECT_EQ(c.IsExist(&db), DBS_EXIST);
   EXPECT_EQ(c.GetID(), 2);
 }
 
-TEST_F(CQKCityTest, ACityOfAProvinceThatDoesNotExistIsStoredAsGiven) {
+TEST_P(CQKCityTest, ACityOfAProvinceThatDoesNotExistIsStoredAsGiven) {
   CQKCity c = City(0, L"三亚");
   EXPECT_EQ(c.AddIfNotExist(&db, 0), DBS_ADDED);
   EXPECT_EQ(Query("select PId from City where ID=1"), "0");
 }
 
-TEST_F(CQKCityTest, CitiesOfTheSameNameInDifferentProvincesAreDifferentRecords) {
+TEST_P(CQKCityTest, CitiesOfTheSameNameInDifferentProvincesAreDifferentRecords) {
   CQKCity a = City(1, L"朝阳");
   CQKCity b = City(2, L"朝阳");
   EXPECT_EQ(a.AddIfNotExist(&db, 0), DBS_ADDED);
@@ -136,7 +136,7 @@ TEST_F(CQKCityTest, CitiesOfTheSameNameInDifferentProvincesAreDifferentRecords) 
   EXPECT_EQ(Query("select count(*) from City"), "2");
 }
 
-TEST_F(CQKCityTest, UpdateIfNoOtherOnANameHeldByAnotherCityOfTheProvinceWritesNothing) {
+TEST_P(CQKCityTest, UpdateIfNoOtherOnANameHeldByAnotherCityOfTheProvinceWritesNothing) {
   Seed("INSERT INTO City (PId, Name) VALUES (1, '北京'), (1, '天津');");
   CQKCity c = City(1, L"北京");
   c.SetID(2);
@@ -144,7 +144,7 @@ TEST_F(CQKCityTest, UpdateIfNoOtherOnANameHeldByAnotherCityOfTheProvinceWritesNo
   EXPECT_EQ(Query("select Name from City where ID=2"), "天津");
 }
 
-TEST_F(CQKCityTest, UpdateTableDataFindsTheKeyByProvinceAndName) {
+TEST_P(CQKCityTest, UpdateTableDataFindsTheKeyByProvinceAndName) {
   Seed("INSERT INTO City (PId, Name) VALUES (1, '北京'), (2, '北京');");
   CQKCity c = City(2, L"北京");
   c.UpdateTableData(&db);
@@ -152,7 +152,7 @@ TEST_F(CQKCityTest, UpdateTableDataFindsTheKeyByProvinceAndName) {
   EXPECT_EQ(c.Id, 0);  // only the key is read
 }
 
-TEST_F(CQKCityTest, UpdateTableDataLooksInTheClassTableNotTheVirtualOne) {
+TEST_P(CQKCityTest, UpdateTableDataLooksInTheClassTableNotTheVirtualOne) {
   Seed("CREATE TABLE OtherCity (ID INTEGER PRIMARY KEY, PId INTEGER, Name TEXT);"
        "INSERT INTO OtherCity (ID, PId, Name) VALUES (70, 1, '北京');"
        "INSERT INTO City (PId, Name) VALUES (1, '北京');");
@@ -163,28 +163,28 @@ TEST_F(CQKCityTest, UpdateTableDataLooksInTheClassTableNotTheVirtualOne) {
   EXPECT_EQ(c.GetID(), 1);
 }
 
-TEST_F(CQKCityTest, UpdateTableDataOfAnUnstoredCityKeepsTheKey) {
+TEST_P(CQKCityTest, UpdateTableDataOfAnUnstoredCityKeepsTheKey) {
   CQKCity c = City(1, L"北京");
   c.SetID(8);
   c.UpdateTableData(&db);
   EXPECT_EQ(c.GetID(), 8);
 }
 
-TEST_F(CQKCityTest, ANameWithADoubleQuoteIsAnError) {
+TEST_P(CQKCityTest, ANameWithADoubleQuoteIsAnError) {
   CQKCity c = City(1, L"北\"京");
   EXPECT_EQ(c.IsExist(&db), DBS_ERROR);
   EXPECT_EQ(c.AddIfNotExist(&db, 0), DBS_ERROR);
   EXPECT_EQ(Query("select count(*) from City"), "0");
 }
 
-TEST_F(CQKCityTest, UpdateCityTableDataDoesNothing) {
+TEST_P(CQKCityTest, UpdateCityTableDataDoesNothing) {
   Seed("INSERT INTO City (PId, Name) VALUES (1, '北京');");
   CQKCity::UpdateCityTableData(&db, &db);
   CQKCity::UpdateCityTableData(nullptr, nullptr);
   EXPECT_EQ(Query("select group_concat(PId || Name) from City"), "1北京");
 }
 
-TEST_F(CQKCityTest, ACountryProvinceAndCityChainIsBuiltWithTheParentKeys) {
+TEST_P(CQKCityTest, ACountryProvinceAndCityChainIsBuiltWithTheParentKeys) {
   CQKCountry country;
   country.Name = L"中国";
   ASSERT_EQ(country.AddIfNotExist(nullptr, 1), DBS_ADDED);
@@ -200,3 +200,5 @@ TEST_F(CQKCityTest, ACountryProvinceAndCityChainIsBuiltWithTheParentKeys) {
                   "join Province on Province.ID = City.PId join Country on Country.ID = Province.CId"),
             "中国/广东/广州");
 }
+
+QK_ON_BOTH_BACKENDS(CQKCityTest);

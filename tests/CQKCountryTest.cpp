@@ -143,7 +143,7 @@ TEST(CQKCountry, StreamOfARecordIsItsValueStreamWithoutTheKey) {
   EXPECT_EQ(in.Name, L"中国");
 }
 
-TEST_F(CQKCountryTest, IsExistLoadsTheStoredRowWithItsKey) {
+TEST_P(CQKCountryTest, IsExistLoadsTheStoredRowWithItsKey) {
   Seed("INSERT INTO Country (Name) VALUES ('日本'), ('中国');");
   CQKCountry c = Country(L"中国");
   EXPECT_EQ(c.IsExist(&db), DBS_EXIST);
@@ -151,7 +151,7 @@ TEST_F(CQKCountryTest, IsExistLoadsTheStoredRowWithItsKey) {
   EXPECT_EQ(c.Name, L"中国");
 }
 
-TEST_F(CQKCountryTest, IsExistOfAnUnstoredNameLeavesTheRecordAlone) {
+TEST_P(CQKCountryTest, IsExistOfAnUnstoredNameLeavesTheRecordAlone) {
   Seed("INSERT INTO Country (Name) VALUES ('日本');");
   CQKCountry c = Country(L"中国");
   c.SetID(40);
@@ -159,21 +159,21 @@ TEST_F(CQKCountryTest, IsExistOfAnUnstoredNameLeavesTheRecordAlone) {
   EXPECT_EQ(c.GetID(), 40);
 }
 
-TEST_F(CQKCountryTest, IsExistOfANameStoredTwiceTakesTheFirstRow) {
+TEST_P(CQKCountryTest, IsExistOfANameStoredTwiceTakesTheFirstRow) {
   Seed("INSERT INTO Country (Name) VALUES ('日本'), ('中国'), ('中国');");
   CQKCountry c = Country(L"中国");
   EXPECT_EQ(c.IsExist(&db), DBS_EXIST);
   EXPECT_EQ(c.GetID(), 2);
 }
 
-TEST_F(CQKCountryTest, IsExistComparesNamesIgnoringCaseAsAccessDoes) {
+TEST_P(CQKCountryTest, IsExistComparesNamesIgnoringCaseAsAccessDoes) {
   Seed("INSERT INTO Country (Name) VALUES ('China');");
   CQKCountry c = Country(L"CHINA");
   EXPECT_EQ(c.IsExist(&db), DBS_EXIST);
   EXPECT_EQ(c.Name, L"China");
 }
 
-TEST_F(CQKCountryTest, IsExistWithoutAConnectionUsesTheClassConnection) {
+TEST_P(CQKCountryTest, IsExistWithoutAConnectionUsesTheClassConnection) {
   Seed("INSERT INTO Country (Name) VALUES ('中国');");
   CQKCountry c = Country(L"中国");
   EXPECT_EQ(c.IsExist(nullptr), DBS_EXIST);
@@ -182,7 +182,7 @@ TEST_F(CQKCountryTest, IsExistWithoutAConnectionUsesTheClassConnection) {
   EXPECT_TRUE(CQKCountry::m_pADODatabase->IsOpen());
 }
 
-TEST_F(CQKCountryTest, IsExistLooksInTheClassTableNotTheVirtualOne) {
+TEST_P(CQKCountryTest, IsExistLooksInTheClassTableNotTheVirtualOne) {
   Seed("CREATE TABLE OtherCountry (ID INTEGER PRIMARY KEY, Name TEXT);"
        "INSERT INTO Country (Name) VALUES ('中国');");
   RedirectedCountry c;
@@ -190,13 +190,13 @@ TEST_F(CQKCountryTest, IsExistLooksInTheClassTableNotTheVirtualOne) {
   EXPECT_EQ(c.IsExist(&db), DBS_EXIST);
 }
 
-TEST_F(CQKCountryTest, IsExistOfAMissingTableIsAnError) {
+TEST_P(CQKCountryTest, IsExistOfAMissingTableIsAnError) {
   CQKCountry::S_Init(path, L"NoSuchTable");
   CQKCountry c = Country(L"中国");
   EXPECT_EQ(c.IsExist(&db), DBS_ERROR);
 }
 
-TEST_F(CQKCountryTest, AddIfNotExistInsertsAndTakesTheNewKey) {
+TEST_P(CQKCountryTest, AddIfNotExistInsertsAndTakesTheNewKey) {
   Seed("INSERT INTO Country (Name) VALUES ('日本');");
   CQKCountry c = Country(L"中国");
   EXPECT_EQ(c.AddIfNotExist(&db, 0), DBS_ADDED);
@@ -204,7 +204,7 @@ TEST_F(CQKCountryTest, AddIfNotExistInsertsAndTakesTheNewKey) {
   EXPECT_EQ(Query("select Name from Country where ID=2"), "中国");
 }
 
-TEST_F(CQKCountryTest, AddIfNotExistOfAStoredNameWithoutTakingLeavesTheRecordAsItWas) {
+TEST_P(CQKCountryTest, AddIfNotExistOfAStoredNameWithoutTakingLeavesTheRecordAsItWas) {
   Seed("INSERT INTO Country (Name) VALUES ('中国');");
   CQKCountry c = Country(L"中国");
   c.SetID(77);
@@ -215,7 +215,7 @@ TEST_F(CQKCountryTest, AddIfNotExistOfAStoredNameWithoutTakingLeavesTheRecordAsI
   EXPECT_EQ(RowCount(), "1");
 }
 
-TEST_F(CQKCountryTest, AddIfNotExistOfAStoredNameWithTakingBecomesTheStoredRecord) {
+TEST_P(CQKCountryTest, AddIfNotExistOfAStoredNameWithTakingBecomesTheStoredRecord) {
   Seed("INSERT INTO Country (Name) VALUES ('日本'), ('China');");
   CQKCountry c = Country(L"china");
   c.SetID(77);
@@ -227,13 +227,13 @@ TEST_F(CQKCountryTest, AddIfNotExistOfAStoredNameWithTakingBecomesTheStoredRecor
   EXPECT_EQ(RowCount(), "2");
 }
 
-TEST_F(CQKCountryTest, AddIfNotExistWithoutAConnectionUsesTheClassConnection) {
+TEST_P(CQKCountryTest, AddIfNotExistWithoutAConnectionUsesTheClassConnection) {
   CQKCountry c = Country(L"中国");
   EXPECT_EQ(c.AddIfNotExist(nullptr, 0), DBS_ADDED);
   EXPECT_EQ(Query("select Name from Country where ID=1"), "中国");
 }
 
-TEST_F(CQKCountryTest, UpdateIfNoOtherOnTheRowThatHoldsTheNameUpdatesIt) {
+TEST_P(CQKCountryTest, UpdateIfNoOtherOnTheRowThatHoldsTheNameUpdatesIt) {
   Seed("INSERT INTO Country (Name) VALUES ('中国');");
   CQKCountry c = Country(L"中国");
   c.SetID(1);
@@ -242,7 +242,7 @@ TEST_F(CQKCountryTest, UpdateIfNoOtherOnTheRowThatHoldsTheNameUpdatesIt) {
   EXPECT_EQ(RowCount(), "1");
 }
 
-TEST_F(CQKCountryTest, UpdateIfNoOtherOnANameHeldByAnotherRowWritesNothing) {
+TEST_P(CQKCountryTest, UpdateIfNoOtherOnANameHeldByAnotherRowWritesNothing) {
   Seed("INSERT INTO Country (Name) VALUES ('中国'), ('日本');");
   CQKCountry c = Country(L"中国");
   c.SetID(2);
@@ -252,7 +252,7 @@ TEST_F(CQKCountryTest, UpdateIfNoOtherOnANameHeldByAnotherRowWritesNothing) {
   EXPECT_EQ(c.Name, L"中国");
 }
 
-TEST_F(CQKCountryTest, UpdateIfNoOtherWithTakingBecomesTheRowThatHoldsTheName) {
+TEST_P(CQKCountryTest, UpdateIfNoOtherWithTakingBecomesTheRowThatHoldsTheName) {
   Seed("INSERT INTO Country (Name) VALUES ('中国'), ('日本');");
   CQKCountry c = Country(L"中国");
   c.SetID(2);
@@ -261,7 +261,7 @@ TEST_F(CQKCountryTest, UpdateIfNoOtherWithTakingBecomesTheRowThatHoldsTheName) {
   EXPECT_EQ(Query("select Name from Country where ID=2"), "日本");
 }
 
-TEST_F(CQKCountryTest, UpdateIfNoOtherWithAFreeNameRenamesTheRowInPlace) {
+TEST_P(CQKCountryTest, UpdateIfNoOtherWithAFreeNameRenamesTheRowInPlace) {
   Seed("INSERT INTO Country (Name) VALUES ('中国'), ('日本');");
   CQKCountry c = Country(L"韩国");
   c.SetID(2);
@@ -270,14 +270,14 @@ TEST_F(CQKCountryTest, UpdateIfNoOtherWithAFreeNameRenamesTheRowInPlace) {
   EXPECT_EQ(RowCount(), "2");
 }
 
-TEST_F(CQKCountryTest, UpdateIfNoOtherOfAnUnstoredKeyIsAnError) {
+TEST_P(CQKCountryTest, UpdateIfNoOtherOfAnUnstoredKeyIsAnError) {
   CQKCountry c = Country(L"中国");
   c.SetID(9);
   EXPECT_EQ(c.UpdateIfNoOther(&db, 0), DBS_ERROR);
   EXPECT_EQ(RowCount(), "0");
 }
 
-TEST_F(CQKCountryTest, UpdateTableDataReadsTheKeyOfTheRowWithTheName) {
+TEST_P(CQKCountryTest, UpdateTableDataReadsTheKeyOfTheRowWithTheName) {
   Seed("INSERT INTO Country (Name) VALUES ('日本'), ('中国');");
   CQKCountry c = Country(L"中国");
   c.m_lTag = 6;
@@ -286,7 +286,7 @@ TEST_F(CQKCountryTest, UpdateTableDataReadsTheKeyOfTheRowWithTheName) {
   EXPECT_EQ(c.m_lTag, 6);
 }
 
-TEST_F(CQKCountryTest, UpdateTableDataOfAnUnstoredNameKeepsTheKey) {
+TEST_P(CQKCountryTest, UpdateTableDataOfAnUnstoredNameKeepsTheKey) {
   Seed("INSERT INTO Country (Name) VALUES ('日本');");
   CQKCountry c = Country(L"中国");
   c.SetID(31);
@@ -294,7 +294,7 @@ TEST_F(CQKCountryTest, UpdateTableDataOfAnUnstoredNameKeepsTheKey) {
   EXPECT_EQ(c.GetID(), 31);
 }
 
-TEST_F(CQKCountryTest, UpdateTableDataLooksInTheVirtualTable) {
+TEST_P(CQKCountryTest, UpdateTableDataLooksInTheVirtualTable) {
   Seed("CREATE TABLE OtherCountry (ID INTEGER PRIMARY KEY, Name TEXT);"
        "INSERT INTO OtherCountry (ID, Name) VALUES (55, '中国');"
        "INSERT INTO Country (Name) VALUES ('中国');");
@@ -304,14 +304,14 @@ TEST_F(CQKCountryTest, UpdateTableDataLooksInTheVirtualTable) {
   EXPECT_EQ(c.GetID(), 55);
 }
 
-TEST_F(CQKCountryTest, UpdateTableDataWithoutAConnectionUsesTheClassConnection) {
+TEST_P(CQKCountryTest, UpdateTableDataWithoutAConnectionUsesTheClassConnection) {
   Seed("INSERT INTO Country (Name) VALUES ('中国');");
   CQKCountry c = Country(L"中国");
   c.UpdateTableData(nullptr);
   EXPECT_EQ(c.GetID(), 1);
 }
 
-TEST_F(CQKCountryTest, AnEmptyNameIsAKeyLikeAnyOther) {
+TEST_P(CQKCountryTest, AnEmptyNameIsAKeyLikeAnyOther) {
   CQKCountry c;
   EXPECT_EQ(c.IsExist(&db), DBS_NOTEXIST);
   EXPECT_EQ(c.AddIfNotExist(&db, 0), DBS_ADDED);
@@ -321,7 +321,7 @@ TEST_F(CQKCountryTest, AnEmptyNameIsAKeyLikeAnyOther) {
   EXPECT_EQ(Query("select Name from Country where ID=1"), "");
 }
 
-TEST_F(CQKCountryTest, ANameWithADoubleQuoteFailsEveryVerbAndWritesNothing) {
+TEST_P(CQKCountryTest, ANameWithADoubleQuoteFailsEveryVerbAndWritesNothing) {
   Seed("INSERT INTO Country (Name) VALUES ('中国');");
   CQKCountry c = Country(L"Côte \"d'Ivoire\"");
   c.SetID(1);
@@ -334,7 +334,7 @@ TEST_F(CQKCountryTest, ANameWithADoubleQuoteFailsEveryVerbAndWritesNothing) {
   EXPECT_EQ(Query("select Name from Country where ID=1"), "中国");
 }
 
-TEST_F(CQKCountryTest, ANameThatLooksLikeSqlIsOnlyAName) {
+TEST_P(CQKCountryTest, ANameThatLooksLikeSqlIsOnlyAName) {
   CQKCountry c = Country(L"x' or 1=1; delete from Country; --");
   EXPECT_EQ(c.AddIfNotExist(&db, 0), DBS_ADDED);
   EXPECT_EQ(RowCount(), "1");
@@ -342,7 +342,7 @@ TEST_F(CQKCountryTest, ANameThatLooksLikeSqlIsOnlyAName) {
   EXPECT_EQ(probe.IsExist(&db), DBS_EXIST);
 }
 
-TEST_F(CQKCountryTest, ChineseNamesRoundTripThroughTheDatabase) {
+TEST_P(CQKCountryTest, ChineseNamesRoundTripThroughTheDatabase) {
   CQKCountry c = Country(L"中华人民共和国·𠀀");  // a character beyond the 16-bit plane too
   ASSERT_EQ(c.AddIfNotExist(&db, 0), DBS_ADDED);
   CQKCountry read;
@@ -351,7 +351,7 @@ TEST_F(CQKCountryTest, ChineseNamesRoundTripThroughTheDatabase) {
   EXPECT_EQ(Query("select Name from Country"), "中华人民共和国·𠀀");
 }
 
-TEST_F(CQKCountryTest, MakeObjectFromRSLoadsTheCurrentRow) {
+TEST_P(CQKCountryTest, MakeObjectFromRSLoadsTheCurrentRow) {
   Seed("INSERT INTO Country (Name) VALUES ('日本'), ('中国');");
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Country order by ID"));
@@ -362,7 +362,7 @@ TEST_F(CQKCountryTest, MakeObjectFromRSLoadsTheCurrentRow) {
   EXPECT_EQ(c.Name, L"中国");
 }
 
-TEST_F(CQKCountryTest, MakeObjectFromRSWithoutARowFails) {
+TEST_P(CQKCountryTest, MakeObjectFromRSWithoutARowFails) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Country"));
   CQKCountry c = Country(L"中国");
@@ -370,7 +370,7 @@ TEST_F(CQKCountryTest, MakeObjectFromRSWithoutARowFails) {
   EXPECT_EQ(c.Name, L"中国");
 }
 
-TEST_F(CQKCountryTest, UpdateCountryTableDataDoesNothing) {
+TEST_P(CQKCountryTest, UpdateCountryTableDataDoesNothing) {
   Seed("INSERT INTO Country (Name) VALUES ('中国');");
   TempDir other;
   CString otherPath = CreateReferenceDatabase(other);
@@ -382,7 +382,7 @@ TEST_F(CQKCountryTest, UpdateCountryTableDataDoesNothing) {
   EXPECT_EQ(RowCount(), "1");
 }
 
-TEST_F(CQKCountryTest, TableAndPathComeFromSInit) {
+TEST_P(CQKCountryTest, TableAndPathComeFromSInit) {
   CQKCountry c;
   EXPECT_EQ(c.GetTableName(), L"Country");
   EXPECT_EQ(c.GetDataBasePath(), path);
@@ -391,7 +391,7 @@ TEST_F(CQKCountryTest, TableAndPathComeFromSInit) {
   EXPECT_EQ(c.GetDataBasePath(), L"/elsewhere.db");
 }
 
-TEST_F(CQKCountryTest, TheClassConnectionIsSharedAndKeptOnItsFirstPath) {
+TEST_P(CQKCountryTest, TheClassConnectionIsSharedAndKeptOnItsFirstPath) {
   CQKCountry a;
   CADODatabase* first = a.GetUserDatabase();
   ASSERT_NE(first, nullptr);
@@ -403,7 +403,7 @@ TEST_F(CQKCountryTest, TheClassConnectionIsSharedAndKeptOnItsFirstPath) {
   EXPECT_EQ(first->GetPath(), path);
 }
 
-TEST_F(CQKCountryTest, AClosedClassConnectionReopensOnTheCurrentPath) {
+TEST_P(CQKCountryTest, AClosedClassConnectionReopensOnTheCurrentPath) {
   CQKCountry c;
   CADODatabase* connection = c.GetUserDatabase();
   connection->Close();
@@ -415,7 +415,7 @@ TEST_F(CQKCountryTest, AClosedClassConnectionReopensOnTheCurrentPath) {
   EXPECT_EQ(connection->GetPath(), otherPath);
 }
 
-TEST_F(CQKCountryTest, AMissingFileGivesAnUnopenedConnectionAndErrors) {
+TEST_P(CQKCountryTest, AMissingFileGivesAnUnopenedConnectionAndErrors) {
   CString missing = dir.File("missing.db");
   CQKCountry::S_Init(missing, L"Country");
   CQKCountry c = Country(L"中国");
@@ -431,7 +431,7 @@ TEST_F(CQKCountryTest, AMissingFileGivesAnUnopenedConnectionAndErrors) {
   EXPECT_FALSE(std::filesystem::exists(missing.ToUtf8()));
 }
 
-TEST_F(CQKCountryTest, AReadOnlyDatabaseRefusesWritesAndKeepsItsRows) {
+TEST_P(CQKCountryTest, AReadOnlyDatabaseRefusesWritesAndKeepsItsRows) {
   CString readOnly = CreateReadOnlyDatabase(dir, "readonly.db",
                                             "CREATE TABLE Country (ID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT);"
                                             "INSERT INTO Country (Name) VALUES ('中国');");
@@ -449,3 +449,5 @@ TEST_F(CQKCountryTest, AReadOnlyDatabaseRefusesWritesAndKeepsItsRows) {
   EXPECT_EQ(result, 0);
   EXPECT_EQ(QueryOne(readOnly, "select group_concat(Name) from Country"), "中国");
 }
+
+QK_ON_BOTH_BACKENDS(CQKCountryTest);

@@ -81,7 +81,7 @@ TEST(CQKProvinceData, ExchangeWritesNameThenCountry) {
   EXPECT_EQ(in.m_lTag, 0);
 }
 
-TEST_F(CQKProvinceTest, ProvincesOfTheSameNameUnderDifferentCountriesAreDifferentRecords) {
+TEST_P(CQKProvinceTest, ProvincesOfTheSameNameUnderDifferentCountriesAreDifferentRecords) {
   CQKProvince first = Province(1, L"Georgia");
   ASSERT_EQ(first.AddIfNotExist(&db, 0), DBS_ADDED);
   CQKProvince second = Province(2, L"Georgia");
@@ -90,7 +90,7 @@ TEST_F(CQKProvinceTest, ProvincesOfTheSameNameUnderDifferentCountriesAreDifferen
   EXPECT_EQ(Query("select count(*) from Province where Name='Georgia'"), "2");
 }
 
-TEST_F(CQKProvinceTest, IsExistMatchesCountryAndName) {
+TEST_P(CQKProvinceTest, IsExistMatchesCountryAndName) {
   Seed("INSERT INTO Province (CId, Name) VALUES (1, '广东'), (2, '广东');");
   CQKProvince p = Province(2, L"广东");
   EXPECT_EQ(p.IsExist(&db), DBS_EXIST);
@@ -99,7 +99,7 @@ TEST_F(CQKProvinceTest, IsExistMatchesCountryAndName) {
   EXPECT_EQ(elsewhere.IsExist(&db), DBS_NOTEXIST);
 }
 
-TEST_F(CQKProvinceTest, AddIfNotExistWithTakingBecomesTheStoredProvince) {
+TEST_P(CQKProvinceTest, AddIfNotExistWithTakingBecomesTheStoredProvince) {
   Seed("INSERT INTO Province (CId, Name) VALUES (1, '广东');");
   CQKProvince p = Province(1, L"广东");
   p.m_lTag = 4;
@@ -108,7 +108,7 @@ TEST_F(CQKProvinceTest, AddIfNotExistWithTakingBecomesTheStoredProvince) {
   EXPECT_EQ(p.m_lTag, 0);
 }
 
-TEST_F(CQKProvinceTest, UpdateIfNoOtherMovesAProvinceToACountryWhereItsNameIsFree) {
+TEST_P(CQKProvinceTest, UpdateIfNoOtherMovesAProvinceToACountryWhereItsNameIsFree) {
   Seed("INSERT INTO Province (CId, Name) VALUES (1, '广东'), (2, '广西');");
   CQKProvince p = Province(2, L"广东");
   p.SetID(1);
@@ -117,7 +117,7 @@ TEST_F(CQKProvinceTest, UpdateIfNoOtherMovesAProvinceToACountryWhereItsNameIsFre
   EXPECT_EQ(Query("select count(*) from Province"), "2");
 }
 
-TEST_F(CQKProvinceTest, UpdateIfNoOtherDoesNotMoveAProvinceOntoATakenName) {
+TEST_P(CQKProvinceTest, UpdateIfNoOtherDoesNotMoveAProvinceOntoATakenName) {
   Seed("INSERT INTO Province (CId, Name) VALUES (1, '广东'), (2, '广东');");
   CQKProvince p = Province(2, L"广东");
   p.SetID(1);
@@ -126,14 +126,14 @@ TEST_F(CQKProvinceTest, UpdateIfNoOtherDoesNotMoveAProvinceOntoATakenName) {
   EXPECT_EQ(Query("select CId from Province where ID=1"), "1");
 }
 
-TEST_F(CQKProvinceTest, UpdateTableDataFindsTheKeyByCountryAndName) {
+TEST_P(CQKProvinceTest, UpdateTableDataFindsTheKeyByCountryAndName) {
   Seed("INSERT INTO Province (CId, Name) VALUES (1, '广东'), (2, '广东');");
   CQKProvince p = Province(2, L"广东");
   p.UpdateTableData(&db);
   EXPECT_EQ(p.GetID(), 2);
 }
 
-TEST_F(CQKProvinceTest, UpdateTableDataLooksInTheVirtualTable) {
+TEST_P(CQKProvinceTest, UpdateTableDataLooksInTheVirtualTable) {
   Seed("CREATE TABLE OtherProvince (ID INTEGER PRIMARY KEY, CId INTEGER, Name TEXT);"
        "INSERT INTO OtherProvince (ID, CId, Name) VALUES (80, 1, '广东');"
        "INSERT INTO Province (CId, Name) VALUES (1, '广东');");
@@ -144,14 +144,14 @@ TEST_F(CQKProvinceTest, UpdateTableDataLooksInTheVirtualTable) {
   EXPECT_EQ(p.GetID(), 80);
 }
 
-TEST_F(CQKProvinceTest, UpdateTableDataOfAnUnstoredProvinceKeepsTheKey) {
+TEST_P(CQKProvinceTest, UpdateTableDataOfAnUnstoredProvinceKeepsTheKey) {
   CQKProvince p = Province(1, L"广东");
   p.SetID(6);
   p.UpdateTableData(&db);
   EXPECT_EQ(p.GetID(), 6);
 }
 
-TEST_F(CQKProvinceTest, WritingToATableWithoutTheCountryColumnStoresTheName) {
+TEST_P(CQKProvinceTest, WritingToATableWithoutTheCountryColumnStoresTheName) {
   Seed("CREATE TABLE BareProvince (ID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT);");
   CQKProvince::S_Init(path, L"BareProvince");
   CQKProvince p = Province(4, L"海南");
@@ -161,7 +161,7 @@ TEST_F(CQKProvinceTest, WritingToATableWithoutTheCountryColumnStoresTheName) {
   EXPECT_EQ(Query("select Name from BareProvince where ID=1"), "海南省");
 }
 
-TEST_F(CQKProvinceTest, LookingUpInATableWithoutTheCountryColumnIsAnError) {
+TEST_P(CQKProvinceTest, LookingUpInATableWithoutTheCountryColumnIsAnError) {
   Seed("CREATE TABLE BareProvince (ID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT);");
   CQKProvince::S_Init(path, L"BareProvince");
   CQKProvince p = Province(4, L"海南");
@@ -169,7 +169,7 @@ TEST_F(CQKProvinceTest, LookingUpInATableWithoutTheCountryColumnIsAnError) {
   EXPECT_EQ(Query("select count(*) from BareProvince"), "0");
 }
 
-TEST_F(CQKProvinceTest, ReadingFromATableWithoutTheCountryColumnKeepsTheField) {
+TEST_P(CQKProvinceTest, ReadingFromATableWithoutTheCountryColumnKeepsTheField) {
   Seed("CREATE TABLE BareProvince (ID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT);"
        "INSERT INTO BareProvince (Name) VALUES ('海南');");
   CQKProvince p;
@@ -180,15 +180,17 @@ TEST_F(CQKProvinceTest, ReadingFromATableWithoutTheCountryColumnKeepsTheField) {
   EXPECT_EQ(p.CId, 5);
 }
 
-TEST_F(CQKProvinceTest, ANameWithADoubleQuoteIsAnError) {
+TEST_P(CQKProvinceTest, ANameWithADoubleQuoteIsAnError) {
   CQKProvince p = Province(1, L"\"广东");
   EXPECT_EQ(p.AddIfNotExist(&db, 0), DBS_ERROR);
   EXPECT_EQ(Query("select count(*) from Province"), "0");
 }
 
-TEST_F(CQKProvinceTest, UpdateProvinceTableDataDoesNothing) {
+TEST_P(CQKProvinceTest, UpdateProvinceTableDataDoesNothing) {
   Seed("INSERT INTO Province (CId, Name) VALUES (1, '广东');");
   CQKProvince::UpdateProvinceTableData(&db, &db);
   CQKProvince::UpdateProvinceTableData(nullptr, nullptr);
   EXPECT_EQ(Query("select group_concat(CId || Name) from Province"), "1广东");
 }
+
+QK_ON_BOTH_BACKENDS(CQKProvinceTest);

@@ -71,27 +71,27 @@ TEST(CQKRoomTypeData, ExchangeCarriesOnlyTheName) {
   EXPECT_EQ(in.m_lTag, 0);
 }
 
-TEST_F(CQKRoomTypeTest, AddIfNotExistInsertsAndTakesTheNewKey) {
+TEST_P(CQKRoomTypeTest, AddIfNotExistInsertsAndTakesTheNewKey) {
   CQKRoomType t = RoomType(L"办公建筑");
   EXPECT_EQ(t.AddIfNotExist(nullptr, 0), DBS_ADDED);
   EXPECT_EQ(t.GetID(), 1);
   EXPECT_EQ(Query("select Name from RoomType where ID=1"), "办公建筑");
 }
 
-TEST_F(CQKRoomTypeTest, IsExistLoadsTheStoredRowWithItsKey) {
+TEST_P(CQKRoomTypeTest, IsExistLoadsTheStoredRowWithItsKey) {
   Seed("INSERT INTO RoomType (Name) VALUES ('商场'), ('办公建筑');");
   CQKRoomType t = RoomType(L"办公建筑");
   EXPECT_EQ(t.IsExist(&db), DBS_EXIST);
   EXPECT_EQ(t.GetID(), 2);
 }
 
-TEST_F(CQKRoomTypeTest, IsExistOfAnUnstoredNameIsNotExist) {
+TEST_P(CQKRoomTypeTest, IsExistOfAnUnstoredNameIsNotExist) {
   CQKRoomType t = RoomType(L"体育馆");
   EXPECT_EQ(t.IsExist(nullptr), DBS_NOTEXIST);
   EXPECT_EQ(t.GetID(), 0);
 }
 
-TEST_F(CQKRoomTypeTest, IsExistLooksInTheVirtualTable) {
+TEST_P(CQKRoomTypeTest, IsExistLooksInTheVirtualTable) {
   Seed("CREATE TABLE OtherRoomType (ID INTEGER PRIMARY KEY, Name TEXT);"
        "INSERT INTO OtherRoomType (ID, Name) VALUES (40, '旅馆');");
   RedirectedRoomType t;
@@ -100,13 +100,13 @@ TEST_F(CQKRoomTypeTest, IsExistLooksInTheVirtualTable) {
   EXPECT_EQ(t.GetID(), 40);
 }
 
-TEST_F(CQKRoomTypeTest, IsExistOfAMissingTableIsAnError) {
+TEST_P(CQKRoomTypeTest, IsExistOfAMissingTableIsAnError) {
   CQKRoomType::S_Init(path, L"NoSuchTable");
   CQKRoomType t = RoomType(L"办公建筑");
   EXPECT_EQ(t.IsExist(nullptr), DBS_ERROR);
 }
 
-TEST_F(CQKRoomTypeTest, AddIfNotExistOfAStoredNameWithTakingBecomesTheStoredRecord) {
+TEST_P(CQKRoomTypeTest, AddIfNotExistOfAStoredNameWithTakingBecomesTheStoredRecord) {
   Seed("INSERT INTO RoomType (Name) VALUES ('办公建筑');");
   CQKRoomType t = RoomType(L"办公建筑");
   EXPECT_EQ(t.AddIfNotExist(nullptr, 1), DBS_EXIST);
@@ -114,7 +114,7 @@ TEST_F(CQKRoomTypeTest, AddIfNotExistOfAStoredNameWithTakingBecomesTheStoredReco
   EXPECT_EQ(Query("select count(*) from RoomType"), "1");
 }
 
-TEST_F(CQKRoomTypeTest, UpdateIfNoOtherOnANameHeldByAnotherRowWritesNothing) {
+TEST_P(CQKRoomTypeTest, UpdateIfNoOtherOnANameHeldByAnotherRowWritesNothing) {
   Seed("INSERT INTO RoomType (Name) VALUES ('办公建筑'), ('医院');");
   CQKRoomType t = RoomType(L"医院");
   t.SetID(1);
@@ -122,7 +122,7 @@ TEST_F(CQKRoomTypeTest, UpdateIfNoOtherOnANameHeldByAnotherRowWritesNothing) {
   EXPECT_EQ(Query("select group_concat(Name) from RoomType"), "办公建筑,医院");
 }
 
-TEST_F(CQKRoomTypeTest, UpdateIfNoOtherWithAFreeNameRenamesTheRow) {
+TEST_P(CQKRoomTypeTest, UpdateIfNoOtherWithAFreeNameRenamesTheRow) {
   Seed("INSERT INTO RoomType (Name) VALUES ('办公建筑');");
   CQKRoomType t = RoomType(L"办公楼");
   t.SetID(1);
@@ -130,36 +130,36 @@ TEST_F(CQKRoomTypeTest, UpdateIfNoOtherWithAFreeNameRenamesTheRow) {
   EXPECT_EQ(Query("select Name from RoomType where ID=1"), "办公楼");
 }
 
-TEST_F(CQKRoomTypeTest, UpdateTableDataReadsTheKeyOfTheRowWithTheName) {
+TEST_P(CQKRoomTypeTest, UpdateTableDataReadsTheKeyOfTheRowWithTheName) {
   Seed("INSERT INTO RoomType (Name) VALUES ('商场'), ('医院');");
   CQKRoomType t = RoomType(L"医院");
   t.UpdateTableData(nullptr);
   EXPECT_EQ(t.GetID(), 2);
 }
 
-TEST_F(CQKRoomTypeTest, UpdateDataWithoutADatabaseWritesTheRecordsOwn) {
+TEST_P(CQKRoomTypeTest, UpdateDataWithoutADatabaseWritesTheRecordsOwn) {
   Seed("INSERT INTO RoomType (Name) VALUES ('商场');");
   CQKRoomType t = RoomType(L"购物中心");
   EXPECT_TRUE(t.UpdateData(1, nullptr));
   EXPECT_EQ(Query("select Name from RoomType where ID=1"), "购物中心");
 }
 
-TEST_F(CQKRoomTypeTest, UpdateDataOfAMissingRowFails) {
+TEST_P(CQKRoomTypeTest, UpdateDataOfAMissingRowFails) {
   CQKRoomType t = RoomType(L"商场");
   EXPECT_FALSE(t.UpdateData(3, nullptr));
 }
 
-TEST_F(CQKRoomTypeTest, HasRoomTypeGivesTheFirstIdOfTheName) {
+TEST_P(CQKRoomTypeTest, HasRoomTypeGivesTheFirstIdOfTheName) {
   Seed("INSERT INTO RoomType (Name) VALUES ('商场'), ('医院'), ('医院');");
   EXPECT_EQ(CQKRoomType::HasRoomType(L"医院", &db), 2);
 }
 
-TEST_F(CQKRoomTypeTest, HasRoomTypeOfAnUnknownNameIsZero) {
+TEST_P(CQKRoomTypeTest, HasRoomTypeOfAnUnknownNameIsZero) {
   Seed("INSERT INTO RoomType (Name) VALUES ('商场');");
   EXPECT_EQ(CQKRoomType::HasRoomType(L"医院", &db), 0);
 }
 
-TEST_F(CQKRoomTypeTest, HasRoomTypeWithoutAConnectionUsesTheClassOneAsItStands) {
+TEST_P(CQKRoomTypeTest, HasRoomTypeWithoutAConnectionUsesTheClassOneAsItStands) {
   Seed("INSERT INTO RoomType (Name) VALUES ('商场');");
   ForgetClassTable<CQKRoomType>();  // closed: the lookup does not open it
   CQKRoomType::S_Init(path, L"RoomType");
@@ -168,15 +168,17 @@ TEST_F(CQKRoomTypeTest, HasRoomTypeWithoutAConnectionUsesTheClassOneAsItStands) 
   EXPECT_EQ(CQKRoomType::HasRoomType(L"商场", nullptr), 1);
 }
 
-TEST_F(CQKRoomTypeTest, HasRoomTypeOnAMissingTableIsMinusOne) {
+TEST_P(CQKRoomTypeTest, HasRoomTypeOnAMissingTableIsMinusOne) {
   CQKRoomType::S_Init(path, L"NoSuchTable");
   EXPECT_EQ(CQKRoomType::HasRoomType(L"商场", &db), -1);
 }
 
-TEST_F(CQKRoomTypeTest, ANameWithADoubleQuoteFailsWithoutHarm) {
+TEST_P(CQKRoomTypeTest, ANameWithADoubleQuoteFailsWithoutHarm) {
   Seed("INSERT INTO RoomType (Name) VALUES ('商场');");
   CQKRoomType t = RoomType(L"x\"; drop table RoomType; --");
   EXPECT_EQ(t.AddIfNotExist(nullptr, 0), DBS_ERROR);
   EXPECT_EQ(CQKRoomType::HasRoomType(t.Name, &db), -1);
   EXPECT_EQ(Query("select count(*) from RoomType"), "1");
 }
+
+QK_ON_BOTH_BACKENDS(CQKRoomTypeTest);

@@ -38,7 +38,7 @@ class CQKRoomUseDataAdminTest : public RoomsFixture {
 
 }  // namespace
 
-TEST_F(CQKRoomUseDataAdminTest, TheTreeHoldsTypesThenTheirUsesInIdOrder) {
+TEST_P(CQKRoomUseDataAdminTest, TheTreeHoldsTypesThenTheirUsesInIdOrder) {
   SeedRooms();
   Node* root = admin.GetRoomUseNodes(1);
   ASSERT_NE(root, nullptr);
@@ -57,7 +57,7 @@ TEST_F(CQKRoomUseDataAdminTest, TheTreeHoldsTypesThenTheirUsesInIdOrder) {
   EXPECT_EQ(Children(root->arrChild[1]), L"病房");
 }
 
-TEST_F(CQKRoomUseDataAdminTest, MakeRoomUseNodesWithoutTheTypeTableGivesZeroAndAnEmptyRoot) {
+TEST_P(CQKRoomUseDataAdminTest, MakeRoomUseNodesWithoutTheTypeTableGivesZeroAndAnEmptyRoot) {
   SeedRooms();
   CQKRoomType::S_Init(path, L"NoSuchTable");
   EXPECT_EQ(admin.MakeRoomUseNodes(), 0);
@@ -65,7 +65,7 @@ TEST_F(CQKRoomUseDataAdminTest, MakeRoomUseNodesWithoutTheTypeTableGivesZeroAndA
   EXPECT_EQ(admin.m_pRoomUseRoot->arrChild.GetSize(), 0);
 }
 
-TEST_F(CQKRoomUseDataAdminTest, WithoutTheUseTableTheTypesHaveNoChildren) {
+TEST_P(CQKRoomUseDataAdminTest, WithoutTheUseTableTheTypesHaveNoChildren) {
   SeedRooms();
   CQKRoomUse::S_Init(path, L"NoSuchTable");
   EXPECT_EQ(admin.MakeRoomUseNodes(), 1);
@@ -73,7 +73,7 @@ TEST_F(CQKRoomUseDataAdminTest, WithoutTheUseTableTheTypesHaveNoChildren) {
   EXPECT_EQ(admin.m_pRoomUseRoot->arrChild[0]->arrChild.GetSize(), 0);
 }
 
-TEST_F(CQKRoomUseDataAdminTest, GetRoomUseNodesWithoutRebuildReturnsTheSameTreeWithoutTheDatabase) {
+TEST_P(CQKRoomUseDataAdminTest, GetRoomUseNodesWithoutRebuildReturnsTheSameTreeWithoutTheDatabase) {
   SeedRooms();
   Node* first = admin.GetRoomUseNodes(0);
   CQKRoomType::S_Init(path, L"NoSuchTable");  // a second build would find no types
@@ -82,14 +82,14 @@ TEST_F(CQKRoomUseDataAdminTest, GetRoomUseNodesWithoutRebuildReturnsTheSameTreeW
   EXPECT_EQ(Children(second), L"办公建筑,医院");
 }
 
-TEST_F(CQKRoomUseDataAdminTest, GetRoomUseNodesWithRebuildReadsTheTablesAgain) {
+TEST_P(CQKRoomUseDataAdminTest, GetRoomUseNodesWithRebuildReadsTheTablesAgain) {
   SeedRooms();
   admin.GetRoomUseNodes(0);
   Seed("INSERT INTO RoomType (Name) VALUES ('学校');");
   EXPECT_EQ(Children(admin.GetRoomUseNodes(1)), L"办公建筑,医院,学校");
 }
 
-TEST_F(CQKRoomUseDataAdminTest, ADuplicatedTypeNameFindsTheLowerId) {
+TEST_P(CQKRoomUseDataAdminTest, ADuplicatedTypeNameFindsTheLowerId) {
   Seed("INSERT INTO RoomType (Name) VALUES ('商场'), ('医院'), ('医院');");
   admin.GetRoomUseNodes(1);
   Node key(L"医院", -1, nullptr, 1);
@@ -98,14 +98,14 @@ TEST_F(CQKRoomUseDataAdminTest, ADuplicatedTypeNameFindsTheLowerId) {
   EXPECT_EQ(found->nId, 2);
 }
 
-TEST_F(CQKRoomUseDataAdminTest, FindingComparesNamesExactly) {
+TEST_P(CQKRoomUseDataAdminTest, FindingComparesNamesExactly) {
   Seed("INSERT INTO RoomType (Name) VALUES ('Office');");
   admin.GetRoomUseNodes(1);
   Node lower(L"office", -1, nullptr, 1);
   EXPECT_EQ(admin.FindRoomTypeNode(lower), nullptr);
 }
 
-TEST_F(CQKRoomUseDataAdminTest, FindRoomUseNodeSearchesTheTypesChildren) {
+TEST_P(CQKRoomUseDataAdminTest, FindRoomUseNodeSearchesTheTypesChildren) {
   SeedRooms();
   admin.GetRoomUseNodes(1);
   Node typeKey(L"办公建筑", -1, nullptr, 1);
@@ -116,12 +116,12 @@ TEST_F(CQKRoomUseDataAdminTest, FindRoomUseNodeSearchesTheTypesChildren) {
   EXPECT_EQ(admin.FindRoomUseNode(nullptr, useKey), nullptr);
 }
 
-TEST_F(CQKRoomUseDataAdminTest, FindingWithoutATreeGivesNull) {
+TEST_P(CQKRoomUseDataAdminTest, FindingWithoutATreeGivesNull) {
   Node key(L"医院", -1, nullptr, 1);
   EXPECT_EQ(admin.FindRoomTypeNode(key), nullptr);
 }
 
-TEST_F(CQKRoomUseDataAdminTest, ACopySharesTheTreeAndOutlivesItsSource) {
+TEST_P(CQKRoomUseDataAdminTest, ACopySharesTheTreeAndOutlivesItsSource) {
   SeedRooms();
   auto* source = new CQKRoomUseDataAdmin;
   source->GetRoomUseNodes(1);
@@ -131,7 +131,7 @@ TEST_F(CQKRoomUseDataAdminTest, ACopySharesTheTreeAndOutlivesItsSource) {
   EXPECT_EQ(Children(copy.GetRoomUseNodes(0)), L"办公建筑,医院");
 }
 
-TEST_F(CQKRoomUseDataAdminTest, ACopyKeepsTheOldTreeWhenItsSourceRebuilds) {
+TEST_P(CQKRoomUseDataAdminTest, ACopyKeepsTheOldTreeWhenItsSourceRebuilds) {
   SeedRooms();
   admin.GetRoomUseNodes(1);
   CQKRoomUseDataAdmin copy(admin);
@@ -141,7 +141,7 @@ TEST_F(CQKRoomUseDataAdminTest, ACopyKeepsTheOldTreeWhenItsSourceRebuilds) {
   EXPECT_EQ(Children(copy.m_pRoomUseRoot), L"办公建筑,医院");
 }
 
-TEST_F(CQKRoomUseDataAdminTest, DeleteRoomUseDeletesTheParameterRowOfTheSameIdThenTheUse) {
+TEST_P(CQKRoomUseDataAdminTest, DeleteRoomUseDeletesTheParameterRowOfTheSameIdThenTheUse) {
   SeedRooms();
   Seed("UPDATE RULoadParam SET RUId = 9 WHERE ID = 3;");  // the parameter row 3 now belongs to use 9
   CQKRoomUse use;
@@ -152,7 +152,7 @@ TEST_F(CQKRoomUseDataAdminTest, DeleteRoomUseDeletesTheParameterRowOfTheSameIdTh
   EXPECT_TRUE(messages.empty());
 }
 
-TEST_F(CQKRoomUseDataAdminTest, DeleteRoomUseWhoseParametersCannotBeDeletedKeepsTheUse) {
+TEST_P(CQKRoomUseDataAdminTest, DeleteRoomUseWhoseParametersCannotBeDeletedKeepsTheUse) {
   SeedRooms();
   CQKRULoadParam::S_Init(path, L"NoParams");
   CQKRoomUse use;
@@ -164,7 +164,7 @@ TEST_F(CQKRoomUseDataAdminTest, DeleteRoomUseWhoseParametersCannotBeDeletedKeeps
   EXPECT_EQ(Query("select count(*) from RoomUse"), "3");
 }
 
-TEST_F(CQKRoomUseDataAdminTest, DeleteRoomUseNamesTheUseTableWhenItFails) {
+TEST_P(CQKRoomUseDataAdminTest, DeleteRoomUseNamesTheUseTableWhenItFails) {
   SeedRooms();
   CQKRoomUse::S_Init(path, L"NoUses");
   CQKRoomUse use;
@@ -176,7 +176,7 @@ TEST_F(CQKRoomUseDataAdminTest, DeleteRoomUseNamesTheUseTableWhenItFails) {
   EXPECT_EQ(Query("select group_concat(ID) from RULoadParam"), "1,2");  // the first deletion stands
 }
 
-TEST_F(CQKRoomUseDataAdminTest, DeleteRoomTypeCascadesThroughItsUsesInTheTree) {
+TEST_P(CQKRoomUseDataAdminTest, DeleteRoomTypeCascadesThroughItsUsesInTheTree) {
   SeedRooms();
   admin.GetRoomUseNodes(1);
   CQKRoomType office = TypeRef(L"办公建筑", 1);
@@ -189,11 +189,18 @@ TEST_F(CQKRoomUseDataAdminTest, DeleteRoomTypeCascadesThroughItsUsesInTheTree) {
   EXPECT_EQ(Children(admin.GetRoomUseNodes(0)), L"办公建筑,医院");
 }
 
-TEST_F(CQKRoomUseDataAdminTest, DeleteRoomTypeGoesOnWhenOneParameterDeletionFails) {
+TEST_P(CQKRoomUseDataAdminTest, DeleteRoomTypeGoesOnWhenOneParameterDeletionFails) {
   SeedRooms();
   // The parameter row of use 1 refuses to go; that of use 3 does not.
-  Seed("CREATE TRIGGER KeepParams1 BEFORE DELETE ON RULoadParam WHEN old.ID = 1 "
-       "BEGIN SELECT RAISE(ABORT, 'kept'); END;");
+  if (OnSQLite()) {
+    Seed("CREATE TRIGGER KeepParams1 BEFORE DELETE ON RULoadParam WHEN old.ID = 1 "
+         "BEGIN SELECT RAISE(ABORT, 'kept'); END;");
+  } else {
+    Seed("CREATE FUNCTION keep_params_1() RETURNS trigger LANGUAGE plpgsql AS"
+         " $$ BEGIN RAISE EXCEPTION 'kept'; END $$;"
+         "CREATE TRIGGER KeepParams1 BEFORE DELETE ON RULoadParam FOR EACH ROW WHEN (old.ID = 1)"
+         " EXECUTE FUNCTION keep_params_1();");
+  }
   admin.GetRoomUseNodes(1);
   CQKRoomType office = TypeRef(L"办公建筑", 1);
   EXPECT_EQ(admin.DeleteRoomType(office), 1);
@@ -204,7 +211,7 @@ TEST_F(CQKRoomUseDataAdminTest, DeleteRoomTypeGoesOnWhenOneParameterDeletionFail
   EXPECT_EQ(Query("select group_concat(Name) from RoomType"), "医院");
 }
 
-TEST_F(CQKRoomUseDataAdminTest, DeleteRoomTypeNotInTheTreeDeletesOnlyTheTypeRow) {
+TEST_P(CQKRoomUseDataAdminTest, DeleteRoomTypeNotInTheTreeDeletesOnlyTheTypeRow) {
   admin.GetRoomUseNodes(1);  // built before the rooms were added
   SeedRooms();
   CQKRoomType office = TypeRef(L"办公建筑", 1);
@@ -214,7 +221,7 @@ TEST_F(CQKRoomUseDataAdminTest, DeleteRoomTypeNotInTheTreeDeletesOnlyTheTypeRow)
   EXPECT_EQ(Query("select count(*) from RULoadParam"), "3");
 }
 
-TEST_F(CQKRoomUseDataAdminTest, DeleteRoomTypeFailureShowsTheTypeTable) {
+TEST_P(CQKRoomUseDataAdminTest, DeleteRoomTypeFailureShowsTheTypeTable) {
   CQKRoomType::S_Init(path, L"NoTypes");
   CQKRoomType office = TypeRef(L"办公建筑", 1);
   EXPECT_EQ(admin.DeleteRoomType(office), 0);
@@ -223,7 +230,7 @@ TEST_F(CQKRoomUseDataAdminTest, DeleteRoomTypeFailureShowsTheTypeTable) {
   EXPECT_EQ(messages[0].second, 16u);
 }
 
-TEST_F(CQKRoomUseDataAdminTest, DeletionsOnAReadOnlyDatabaseFailAndKeepEveryRow) {
+TEST_P(CQKRoomUseDataAdminTest, DeletionsOnAReadOnlyDatabaseFailAndKeepEveryRow) {
   const CString readOnly = CreateReadOnlyDatabase(
       dir, "readonly.db",
       "CREATE TABLE RoomType (ID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT);"
@@ -248,3 +255,5 @@ TEST_F(CQKRoomUseDataAdminTest, DeletionsOnAReadOnlyDatabaseFailAndKeepEveryRow)
   EXPECT_EQ(QueryOne(readOnly, "select count(*) from RoomUse"), "1");
   EXPECT_EQ(QueryOne(readOnly, "select count(*) from RULoadParam"), "1");
 }
+
+QK_ON_BOTH_BACKENDS(CQKRoomUseDataAdminTest);

@@ -63,27 +63,27 @@ TEST(CQKRoomUseData, ExchangeCarriesTheNameThenTheType) {
   EXPECT_EQ(in.m_lTag, 0);
 }
 
-TEST_F(CQKRoomUseTest, IsExistMatchesTypeAndName) {
+TEST_P(CQKRoomUseTest, IsExistMatchesTypeAndName) {
   Seed("INSERT INTO RoomUse (RTId, Name) VALUES (1, '会议室'), (2, '会议室');");
   CQKRoomUse u = RoomUse(2, L"会议室");
   EXPECT_EQ(u.IsExist(nullptr), DBS_EXIST);
   EXPECT_EQ(u.GetID(), 2);
 }
 
-TEST_F(CQKRoomUseTest, IsExistUnderAnotherTypeIsNotExist) {
+TEST_P(CQKRoomUseTest, IsExistUnderAnotherTypeIsNotExist) {
   Seed("INSERT INTO RoomUse (RTId, Name) VALUES (1, '会议室');");
   CQKRoomUse u = RoomUse(2, L"会议室");
   EXPECT_EQ(u.IsExist(nullptr), DBS_NOTEXIST);
 }
 
-TEST_F(CQKRoomUseTest, AddIfNotExistInsertsTheTypeAndName) {
+TEST_P(CQKRoomUseTest, AddIfNotExistInsertsTheTypeAndName) {
   CQKRoomUse u = RoomUse(4, L"手术室");
   EXPECT_EQ(u.AddIfNotExist(nullptr, 0), DBS_ADDED);
   EXPECT_EQ(u.GetID(), 1);
   EXPECT_EQ(Query("select RTId || ':' || Name from RoomUse"), "4:手术室");
 }
 
-TEST_F(CQKRoomUseTest, UpdateIfNoOtherMovesAUseToAnotherType) {
+TEST_P(CQKRoomUseTest, UpdateIfNoOtherMovesAUseToAnotherType) {
   Seed("INSERT INTO RoomUse (RTId, Name) VALUES (1, '会议室');");
   CQKRoomUse u = RoomUse(3, L"会议室");
   u.SetID(1);
@@ -91,21 +91,21 @@ TEST_F(CQKRoomUseTest, UpdateIfNoOtherMovesAUseToAnotherType) {
   EXPECT_EQ(Query("select RTId from RoomUse where ID=1"), "3");
 }
 
-TEST_F(CQKRoomUseTest, UpdateTableDataReadsTheKeyByTypeAndName) {
+TEST_P(CQKRoomUseTest, UpdateTableDataReadsTheKeyByTypeAndName) {
   Seed("INSERT INTO RoomUse (RTId, Name) VALUES (1, '会议室'), (2, '会议室');");
   CQKRoomUse u = RoomUse(2, L"会议室");
   u.UpdateTableData(nullptr);
   EXPECT_EQ(u.GetID(), 2);
 }
 
-TEST_F(CQKRoomUseTest, UpdateDataWithoutADatabaseWritesTheRecordsOwn) {
+TEST_P(CQKRoomUseTest, UpdateDataWithoutADatabaseWritesTheRecordsOwn) {
   Seed("INSERT INTO RoomUse (RTId, Name) VALUES (1, '会议室');");
   CQKRoomUse u = RoomUse(1, L"大会议室");
   EXPECT_TRUE(u.UpdateData(1L, nullptr));
   EXPECT_EQ(Query("select Name from RoomUse where ID=1"), "大会议室");
 }
 
-TEST_F(CQKRoomUseTest, UpdateDataByNameSucceedsAndWritesNothing) {
+TEST_P(CQKRoomUseTest, UpdateDataByNameSucceedsAndWritesNothing) {
   Seed("INSERT INTO RoomUse (RTId, Name) VALUES (1, '会议室');");
   CQKRoomUse u = RoomUse(1, L"大会议室");
   u.SetID(1);
@@ -113,21 +113,21 @@ TEST_F(CQKRoomUseTest, UpdateDataByNameSucceedsAndWritesNothing) {
   EXPECT_EQ(Query("select Name from RoomUse where ID=1"), "会议室");
 }
 
-TEST_F(CQKRoomUseTest, HasRoomUseFindsTheNameUnderAnyTypeAndGivesTheFirstId) {
+TEST_P(CQKRoomUseTest, HasRoomUseFindsTheNameUnderAnyTypeAndGivesTheFirstId) {
   Seed("INSERT INTO RoomUse (RTId, Name) VALUES (1, '走廊'), (7, '会议室'), (2, '会议室');");
   EXPECT_EQ(CQKRoomUse::HasRoomUse(L"会议室", &db), 2);
 }
 
-TEST_F(CQKRoomUseTest, HasRoomUseOfAnUnknownNameIsZero) {
+TEST_P(CQKRoomUseTest, HasRoomUseOfAnUnknownNameIsZero) {
   EXPECT_EQ(CQKRoomUse::HasRoomUse(L"会议室", &db), 0);
 }
 
-TEST_F(CQKRoomUseTest, HasRoomUseBeforeTheClassConnectionIsOpenIsMinusOne) {
+TEST_P(CQKRoomUseTest, HasRoomUseBeforeTheClassConnectionIsOpenIsMinusOne) {
   Seed("INSERT INTO RoomUse (RTId, Name) VALUES (1, '会议室');");
   EXPECT_EQ(CQKRoomUse::HasRoomUse(L"会议室", nullptr), -1);
 }
 
-TEST_F(CQKRoomUseTest, AReadOnlyDatabaseRefusesAnInsertAndKeepsItsRows) {
+TEST_P(CQKRoomUseTest, AReadOnlyDatabaseRefusesAnInsertAndKeepsItsRows) {
   const CString readOnly = CreateReadOnlyDatabase(dir, "readonly.db",
                                                   "CREATE TABLE RoomUse (ID INTEGER PRIMARY KEY AUTOINCREMENT, "
                                                   "RTId INTEGER, Name TEXT);"
@@ -144,3 +144,5 @@ TEST_F(CQKRoomUseTest, AReadOnlyDatabaseRefusesAnInsertAndKeepsItsRows) {
   EXPECT_EQ(result, 0);
   EXPECT_EQ(QueryOne(readOnly, "select group_concat(Name) from RoomUse"), "会议室");
 }
+
+QK_ON_BOTH_BACKENDS(CQKRoomUseTest);

@@ -60,7 +60,7 @@ class CQKWeatherDataAdminTest : public WeatherFixture {
 
 // ----- The climate of a city -----
 
-TEST_F(CQKWeatherDataAdminTest, ACityWithItsOwnWeatherFileGetsItsRowAndZero) {
+TEST_P(CQKWeatherDataAdminTest, ACityWithItsOwnWeatherFileGetsItsRowAndZero) {
   SeedPlaces();
   AddWeather(3, 1.96, 0.49, "CHN_Hunan.Changsha.576870_CSWD.epw", 35.8);
   CQKWeather w = WeatherOf(3);
@@ -73,7 +73,7 @@ TEST_F(CQKWeatherDataAdminTest, ACityWithItsOwnWeatherFileGetsItsRowAndZero) {
   EXPECT_EQ(w.CountryName, L"中国");
 }
 
-TEST_F(CQKWeatherDataAdminTest, ACityWithoutAWeatherFileTakesTheNearerNeighbourAndItsNames) {
+TEST_P(CQKWeatherDataAdminTest, ACityWithoutAWeatherFileTakesTheNearerNeighbourAndItsNames) {
   SeedPlaces();
   AddWeather(1, 2.000, 0.400, "", 0.0);       // 广州: no file
   AddWeather(2, 2.300, 0.400, "far.epw", 31.0);  // 深圳: 0.3 away
@@ -89,7 +89,7 @@ TEST_F(CQKWeatherDataAdminTest, ACityWithoutAWeatherFileTakesTheNearerNeighbourA
   EXPECT_EQ(w.CountryName, L"中国");
 }
 
-TEST_F(CQKWeatherDataAdminTest, NeighboursAtEqualDistanceGoToTheEarlierRow) {
+TEST_P(CQKWeatherDataAdminTest, NeighboursAtEqualDistanceGoToTheEarlierRow) {
   SeedPlaces();
   AddWeather(1, 2.0, 0.5, "", 0.0);
   AddWeather(2, 2.25, 0.5, "east.epw", 31.0);  // 0.25 east
@@ -100,7 +100,7 @@ TEST_F(CQKWeatherDataAdminTest, NeighboursAtEqualDistanceGoToTheEarlierRow) {
   EXPECT_EQ(w.CId, 2);
 }
 
-TEST_F(CQKWeatherDataAdminTest, ANeighbourOutsideTheSquareOfOneIsNotTaken) {
+TEST_P(CQKWeatherDataAdminTest, ANeighbourOutsideTheSquareOfOneIsNotTaken) {
   SeedPlaces();
   AddWeather(1, 2.0, 0.5, "", 0.0);
   AddWeather(2, 3.5, 0.5, "far.epw", 31.0);  // 1.5 east: outside the half-width 1.0
@@ -111,7 +111,7 @@ TEST_F(CQKWeatherDataAdminTest, ANeighbourOutsideTheSquareOfOneIsNotTaken) {
   EXPECT_EQ(w.CityName, L"广州");
 }
 
-TEST_F(CQKWeatherDataAdminTest, RowsInTheSquareWithoutAnyWeatherFileLeaveTheRecordAsItWas) {
+TEST_P(CQKWeatherDataAdminTest, RowsInTheSquareWithoutAnyWeatherFileLeaveTheRecordAsItWas) {
   SeedPlaces();
   AddWeather(1, 2.0, 0.5, "", 27.0);
   AddWeather(2, 2.1, 0.5, "", 31.0);
@@ -123,7 +123,7 @@ TEST_F(CQKWeatherDataAdminTest, RowsInTheSquareWithoutAnyWeatherFileLeaveTheReco
   EXPECT_EQ(w.CityName, L"广州");
 }
 
-TEST_F(CQKWeatherDataAdminTest, ACityWithoutAWeatherRowKeepsTheRecordsClimateAndGetsZero) {
+TEST_P(CQKWeatherDataAdminTest, ACityWithoutAWeatherRowKeepsTheRecordsClimateAndGetsZero) {
   SeedPlaces();
   AddWeather(2, 2.0, 0.5, "shenzhen.epw", 31.0);
   CQKWeather w = WeatherOf(1);
@@ -137,7 +137,7 @@ TEST_F(CQKWeatherDataAdminTest, ACityWithoutAWeatherRowKeepsTheRecordsClimateAnd
   EXPECT_EQ(w.ProvinceName, L"广东省");
 }
 
-TEST_F(CQKWeatherDataAdminTest, ACityThatIsNowhereGetsEmptyNames) {
+TEST_P(CQKWeatherDataAdminTest, ACityThatIsNowhereGetsEmptyNames) {
   CQKWeather w = WeatherOf(42);
   EXPECT_EQ(CQKWeatherDataAdmin::GetWeatherByCityId(w), 0);
   EXPECT_EQ(w.CityName, L"");
@@ -146,7 +146,7 @@ TEST_F(CQKWeatherDataAdminTest, ACityThatIsNowhereGetsEmptyNames) {
   EXPECT_EQ(w.XjKtSwGqWd, 33.2);
 }
 
-TEST_F(CQKWeatherDataAdminTest, LookupWithoutTheWeatherTableGivesZeroAndChangesNothing) {
+TEST_P(CQKWeatherDataAdminTest, LookupWithoutTheWeatherTableGivesZeroAndChangesNothing) {
   SeedPlaces();
   CQKWeather::S_Init(path, L"NoSuchTable");
   CQKWeather w = WeatherOf(1);
@@ -155,7 +155,7 @@ TEST_F(CQKWeatherDataAdminTest, LookupWithoutTheWeatherTableGivesZeroAndChangesN
   EXPECT_EQ(w.CId, 1);
 }
 
-TEST_F(CQKWeatherDataAdminTest, SearchByPositionKeepsTheNamesOfTheAskedCity) {
+TEST_P(CQKWeatherDataAdminTest, SearchByPositionKeepsTheNamesOfTheAskedCity) {
   SeedPlaces();
   AddWeather(2, 2.05, 0.5, "shenzhen.epw", 31.0);
   CQKWeather w = WeatherOf(1);
@@ -171,7 +171,7 @@ TEST_F(CQKWeatherDataAdminTest, SearchByPositionKeepsTheNamesOfTheAskedCity) {
   EXPECT_EQ(w.CountryName, L"中国");
 }
 
-TEST_F(CQKWeatherDataAdminTest, SearchByPositionForAnUnknownCityGivesZeroAndChangesNothing) {
+TEST_P(CQKWeatherDataAdminTest, SearchByPositionForAnUnknownCityGivesZeroAndChangesNothing) {
   AddWeather(2, 2.0, 0.5, "shenzhen.epw", 31.0);
   CQKWeather w = WeatherOf(9);
   w.JD = 2.0;
@@ -181,7 +181,7 @@ TEST_F(CQKWeatherDataAdminTest, SearchByPositionForAnUnknownCityGivesZeroAndChan
   EXPECT_EQ(w.CId, 9);
 }
 
-TEST_F(CQKWeatherDataAdminTest, SearchByPositionWithAnEmptySquareGivesZero) {
+TEST_P(CQKWeatherDataAdminTest, SearchByPositionWithAnEmptySquareGivesZero) {
   SeedPlaces();
   AddWeather(2, 2.0, 0.5, "shenzhen.epw", 31.0);
   CQKWeather w = WeatherOf(1);
@@ -192,7 +192,7 @@ TEST_F(CQKWeatherDataAdminTest, SearchByPositionWithAnEmptySquareGivesZero) {
   EXPECT_EQ(w.XjKtSwGqWd, 33.2);
 }
 
-TEST_F(CQKWeatherDataAdminTest, SearchByPositionTakesTheClimateButGivesZeroWhenTheProvinceIsMissing) {
+TEST_P(CQKWeatherDataAdminTest, SearchByPositionTakesTheClimateButGivesZeroWhenTheProvinceIsMissing) {
   Seed("INSERT INTO City (PId, Name) VALUES (7, '孤城');");
   AddWeather(2, 2.0, 0.5, "other.epw", 31.0);
   CQKWeather w = WeatherOf(1);
@@ -206,7 +206,7 @@ TEST_F(CQKWeatherDataAdminTest, SearchByPositionTakesTheClimateButGivesZeroWhenT
   EXPECT_EQ(w.ProvinceName, L"北京市");
 }
 
-TEST_F(CQKWeatherDataAdminTest, CityIdByNameFindsTheMatchingCityWhereverItIs) {
+TEST_P(CQKWeatherDataAdminTest, CityIdByNameFindsTheMatchingCityWhereverItIs) {
   SeedPlaces();
   CQKCity c;
   c.Name = L"长沙";
@@ -214,7 +214,7 @@ TEST_F(CQKWeatherDataAdminTest, CityIdByNameFindsTheMatchingCityWhereverItIs) {
   EXPECT_EQ(c.GetID(), 3);
 }
 
-TEST_F(CQKWeatherDataAdminTest, CityIdByNameForAnUnknownNameTakesTheFirstCity) {
+TEST_P(CQKWeatherDataAdminTest, CityIdByNameForAnUnknownNameTakesTheFirstCity) {
   SeedPlaces();
   CQKCity c;
   c.Name = L"拉萨";
@@ -223,7 +223,7 @@ TEST_F(CQKWeatherDataAdminTest, CityIdByNameForAnUnknownNameTakesTheFirstCity) {
   EXPECT_EQ(c.GetID(), 1);
 }
 
-TEST_F(CQKWeatherDataAdminTest, CityIdByNameOnAnEmptyTableSetsZero) {
+TEST_P(CQKWeatherDataAdminTest, CityIdByNameOnAnEmptyTableSetsZero) {
   CQKCity c;
   c.Name = L"广州";
   c.SetID(99);
@@ -231,7 +231,7 @@ TEST_F(CQKWeatherDataAdminTest, CityIdByNameOnAnEmptyTableSetsZero) {
   EXPECT_EQ(c.GetID(), 0);
 }
 
-TEST_F(CQKWeatherDataAdminTest, CityIdByNameWithAQuoteInTheNameFailsWithoutHarm) {
+TEST_P(CQKWeatherDataAdminTest, CityIdByNameWithAQuoteInTheNameFailsWithoutHarm) {
   SeedPlaces();
   CQKCity c;
   c.Name = L"x' or 1=1; drop table City; --";
@@ -243,7 +243,7 @@ TEST_F(CQKWeatherDataAdminTest, CityIdByNameWithAQuoteInTheNameFailsWithoutHarm)
 
 // ----- The place tree -----
 
-TEST_F(CQKWeatherDataAdminTest, TheTreeHoldsEveryPlaceInIdOrderWithItsFlags) {
+TEST_P(CQKWeatherDataAdminTest, TheTreeHoldsEveryPlaceInIdOrderWithItsFlags) {
   SeedPlaces();
   Node* root = admin.GetCityNodes(1, false);
   ASSERT_NE(root, nullptr);
@@ -269,7 +269,7 @@ TEST_F(CQKWeatherDataAdminTest, TheTreeHoldsEveryPlaceInIdOrderWithItsFlags) {
   EXPECT_TRUE(messages.empty());
 }
 
-TEST_F(CQKWeatherDataAdminTest, ProvincesAndCitiesAreGroupedUnderTheirParentsWhateverTheirRowOrder) {
+TEST_P(CQKWeatherDataAdminTest, ProvincesAndCitiesAreGroupedUnderTheirParentsWhateverTheirRowOrder) {
   Seed("INSERT INTO Country (Name) VALUES ('中国'), ('日本');"
        "INSERT INTO Province (CId, Name) VALUES (2, '大阪府'), (1, '广东省'), (2, '东京都');"
        "INSERT INTO City (PId, Name) VALUES (3, '东京'), (2, '广州'), (1, '大阪'), (3, '八王子');");
@@ -280,7 +280,7 @@ TEST_F(CQKWeatherDataAdminTest, ProvincesAndCitiesAreGroupedUnderTheirParentsWha
   EXPECT_TRUE(messages.empty());
 }
 
-TEST_F(CQKWeatherDataAdminTest, TheFilteredTreeListsOnlyPlacesWithAWeatherFile) {
+TEST_P(CQKWeatherDataAdminTest, TheFilteredTreeListsOnlyPlacesWithAWeatherFile) {
   SeedPlaces();
   AddWeather(2, 2.0, 0.4, "shenzhen.epw", 31.0);  // 深圳 in 广东省 in 中国
   AddWeather(3, 2.0, 0.5, "", 32.0);              // 长沙: a row, but no file
@@ -291,14 +291,14 @@ TEST_F(CQKWeatherDataAdminTest, TheFilteredTreeListsOnlyPlacesWithAWeatherFile) 
   EXPECT_TRUE(messages.empty());
 }
 
-TEST_F(CQKWeatherDataAdminTest, TheFilteredTreeOfADatabaseWithoutWeatherFilesIsAnEmptyRoot) {
+TEST_P(CQKWeatherDataAdminTest, TheFilteredTreeOfADatabaseWithoutWeatherFilesIsAnEmptyRoot) {
   SeedPlaces();
   Node* root = admin.GetCityNodes(1, true);
   ASSERT_NE(root, nullptr);
   EXPECT_EQ(root->arrChild.GetSize(), 0);
 }
 
-TEST_F(CQKWeatherDataAdminTest, AnEmptyCountryTableGivesARootWithoutChildren) {
+TEST_P(CQKWeatherDataAdminTest, AnEmptyCountryTableGivesARootWithoutChildren) {
   Seed("INSERT INTO Province (CId, Name) VALUES (1, '广东省');");
   Node* root = admin.GetCityNodes(1, false);
   ASSERT_NE(root, nullptr);
@@ -307,7 +307,7 @@ TEST_F(CQKWeatherDataAdminTest, AnEmptyCountryTableGivesARootWithoutChildren) {
   EXPECT_TRUE(messages.empty());  // the provinces were never read
 }
 
-TEST_F(CQKWeatherDataAdminTest, AnEmptyCityTableLeavesTheProvincesWithoutChildren) {
+TEST_P(CQKWeatherDataAdminTest, AnEmptyCityTableLeavesTheProvincesWithoutChildren) {
   Seed("INSERT INTO Country (Name) VALUES ('中国');"
        "INSERT INTO Province (CId, Name) VALUES (1, '广东省');");
   Node* root = admin.GetCityNodes(1, false);
@@ -316,7 +316,7 @@ TEST_F(CQKWeatherDataAdminTest, AnEmptyCityTableLeavesTheProvincesWithoutChildre
   EXPECT_EQ(root->arrChild[0]->arrChild[0]->arrChild.GetSize(), 0);
 }
 
-TEST_F(CQKWeatherDataAdminTest, AProvinceOfAMissingCountryIsMadeOutsideTheTreeAfterOneMessage) {
+TEST_P(CQKWeatherDataAdminTest, AProvinceOfAMissingCountryIsMadeOutsideTheTreeAfterOneMessage) {
   Seed("INSERT INTO Country (Name) VALUES ('中国');"
        "INSERT INTO Province (CId, Name) VALUES (1, '广东省'), (5, '失落省'), (5, '另一省');"
        "INSERT INTO City (PId, Name) VALUES (2, '失落城');");
@@ -332,7 +332,7 @@ TEST_F(CQKWeatherDataAdminTest, AProvinceOfAMissingCountryIsMadeOutsideTheTreeAf
   EXPECT_EQ(messages[1].second, 16u);
 }
 
-TEST_F(CQKWeatherDataAdminTest, ACityOfAMissingProvinceIsReportedOnce) {
+TEST_P(CQKWeatherDataAdminTest, ACityOfAMissingProvinceIsReportedOnce) {
   SeedPlaces();
   Seed("INSERT INTO City (PId, Name) VALUES (9, '孤城甲'), (9, '孤城乙');");
   Node* root = admin.GetCityNodes(1, false);
@@ -342,7 +342,7 @@ TEST_F(CQKWeatherDataAdminTest, ACityOfAMissingProvinceIsReportedOnce) {
   EXPECT_EQ(Children(root->arrChild[0]->arrChild[0]), L"广州,深圳");
 }
 
-TEST_F(CQKWeatherDataAdminTest, WithoutTheCountryTableTheTreeIsAnEmptyRoot) {
+TEST_P(CQKWeatherDataAdminTest, WithoutTheCountryTableTheTreeIsAnEmptyRoot) {
   SeedPlaces();
   CQKCountry::S_Init(path, L"NoSuchTable");
   Node* root = admin.GetCityNodes(1, false);
@@ -350,7 +350,7 @@ TEST_F(CQKWeatherDataAdminTest, WithoutTheCountryTableTheTreeIsAnEmptyRoot) {
   EXPECT_EQ(root->arrChild.GetSize(), 0);
 }
 
-TEST_F(CQKWeatherDataAdminTest, WithoutTheCityTableTheTreeStopsAtTheProvinces) {
+TEST_P(CQKWeatherDataAdminTest, WithoutTheCityTableTheTreeStopsAtTheProvinces) {
   SeedPlaces();
   CQKCity::S_Init(path, L"NoSuchTable");
   Node* root = admin.GetCityNodes(1, false);
@@ -358,7 +358,7 @@ TEST_F(CQKWeatherDataAdminTest, WithoutTheCityTableTheTreeStopsAtTheProvinces) {
   EXPECT_EQ(root->arrChild[0]->arrChild[0]->arrChild.GetSize(), 0);
 }
 
-TEST_F(CQKWeatherDataAdminTest, GetCityNodesWithoutRefreshReturnsTheSameTree) {
+TEST_P(CQKWeatherDataAdminTest, GetCityNodesWithoutRefreshReturnsTheSameTree) {
   SeedPlaces();
   Node* first = admin.GetCityNodes(0, false);
   Seed("INSERT INTO Country (Name) VALUES ('法国');");
@@ -367,7 +367,7 @@ TEST_F(CQKWeatherDataAdminTest, GetCityNodesWithoutRefreshReturnsTheSameTree) {
   EXPECT_EQ(Children(second), L"中国,日本");
 }
 
-TEST_F(CQKWeatherDataAdminTest, GetCityNodesWithRefreshRebuildsTheTree) {
+TEST_P(CQKWeatherDataAdminTest, GetCityNodesWithRefreshRebuildsTheTree) {
   SeedPlaces();
   admin.GetCityNodes(0, false);
   Seed("INSERT INTO Country (Name) VALUES ('法国');");
@@ -375,7 +375,7 @@ TEST_F(CQKWeatherDataAdminTest, GetCityNodesWithRefreshRebuildsTheTree) {
   EXPECT_EQ(Children(rebuilt), L"中国,日本,法国");
 }
 
-TEST_F(CQKWeatherDataAdminTest, ACopyHasItsOwnNodes) {
+TEST_P(CQKWeatherDataAdminTest, ACopyHasItsOwnNodes) {
   SeedPlaces();
   admin.GetCityNodes(1, false);
   CQKWeatherDataAdmin copy(admin);
@@ -386,7 +386,7 @@ TEST_F(CQKWeatherDataAdminTest, ACopyHasItsOwnNodes) {
   EXPECT_EQ(root->arrChild[0]->arrChild[0]->pParent, root->arrChild[0]);
 }
 
-TEST_F(CQKWeatherDataAdminTest, FindNodesByNameOrById) {
+TEST_P(CQKWeatherDataAdminTest, FindNodesByNameOrById) {
   SeedPlaces();
   admin.GetCityNodes(1, false);
   CQKCountry china = CountryRef(L"中国", 0);
@@ -402,28 +402,28 @@ TEST_F(CQKWeatherDataAdminTest, FindNodesByNameOrById) {
   EXPECT_EQ(city->strName, L"长沙");
 }
 
-TEST_F(CQKWeatherDataAdminTest, AStaleIdWithAKnownNameStillFindsTheNode) {
+TEST_P(CQKWeatherDataAdminTest, AStaleIdWithAKnownNameStillFindsTheNode) {
   SeedPlaces();
   admin.GetCityNodes(1, false);
   CQKCountry japan = CountryRef(L"日本", 77);
   EXPECT_EQ(admin.FindCountryNode(japan)->nId, 2);
 }
 
-TEST_F(CQKWeatherDataAdminTest, TheFirstMatchInChildOrderWins) {
+TEST_P(CQKWeatherDataAdminTest, TheFirstMatchInChildOrderWins) {
   SeedPlaces();
   admin.GetCityNodes(1, false);
   CQKCountry ambiguous = CountryRef(L"日本", 1);  // the name is 日本's, the id 中国's, which comes first
   EXPECT_EQ(admin.FindCountryNode(ambiguous)->strName, L"中国");
 }
 
-TEST_F(CQKWeatherDataAdminTest, NamesMatchExactlyIncludingCase) {
+TEST_P(CQKWeatherDataAdminTest, NamesMatchExactlyIncludingCase) {
   Seed("INSERT INTO Country (Name) VALUES ('France');");
   admin.GetCityNodes(1, false);
   CQKCountry lower = CountryRef(L"france", 9);
   EXPECT_EQ(admin.FindCountryNode(lower), nullptr);
 }
 
-TEST_F(CQKWeatherDataAdminTest, FindingWithoutATreeGivesNull) {
+TEST_P(CQKWeatherDataAdminTest, FindingWithoutATreeGivesNull) {
   CQKCountry china = CountryRef(L"中国", 1);
   CQKProvince guangdong = ProvinceRef(L"广东省", 1);
   CQKCity guangzhou = CityRef(L"广州", 1);
@@ -432,7 +432,7 @@ TEST_F(CQKWeatherDataAdminTest, FindingWithoutATreeGivesNull) {
   EXPECT_EQ(admin.FindCityNode(china, guangdong, guangzhou), nullptr);
 }
 
-TEST_F(CQKWeatherDataAdminTest, AProvinceUnderAnUnknownCountryIsNotFound) {
+TEST_P(CQKWeatherDataAdminTest, AProvinceUnderAnUnknownCountryIsNotFound) {
   SeedPlaces();
   admin.GetCityNodes(1, false);
   CQKCountry nowhere = CountryRef(L"法国", 9);
@@ -442,7 +442,7 @@ TEST_F(CQKWeatherDataAdminTest, AProvinceUnderAnUnknownCountryIsNotFound) {
 
 // ----- Deletions -----
 
-TEST_F(CQKWeatherDataAdminTest, DeleteWeatherOfCityDeletesTheCityRowAndKeepsItsWeather) {
+TEST_P(CQKWeatherDataAdminTest, DeleteWeatherOfCityDeletesTheCityRowAndKeepsItsWeather) {
   SeedPlaces();
   AddWeather(2, 2.0, 0.4, "shenzhen.epw", 31.0);
   CQKCity shenzhen = CityRef(L"深圳", 2);
@@ -452,7 +452,7 @@ TEST_F(CQKWeatherDataAdminTest, DeleteWeatherOfCityDeletesTheCityRowAndKeepsItsW
   EXPECT_TRUE(messages.empty());
 }
 
-TEST_F(CQKWeatherDataAdminTest, DeleteWeatherOfCityFailureShowsTheTableWithTheErrorIcon) {
+TEST_P(CQKWeatherDataAdminTest, DeleteWeatherOfCityFailureShowsTheTableWithTheErrorIcon) {
   CQKCity::S_Init(path, L"NoCity");
   CQKCity c = CityRef(L"广州", 1);
   EXPECT_EQ(admin.DeleteWeatherofCity(c), 0);
@@ -461,7 +461,7 @@ TEST_F(CQKWeatherDataAdminTest, DeleteWeatherOfCityFailureShowsTheTableWithTheEr
   EXPECT_EQ(messages[0].second, 16u);
 }
 
-TEST_F(CQKWeatherDataAdminTest, DeleteWeatherByCityIdDeletesTheWeatherRowsThenTheCity) {
+TEST_P(CQKWeatherDataAdminTest, DeleteWeatherByCityIdDeletesTheWeatherRowsThenTheCity) {
   SeedPlaces();
   AddWeather(2, 2.0, 0.4, "a.epw", 31.0);
   AddWeather(2, 2.0, 0.4, "b.epw", 31.0);
@@ -474,14 +474,14 @@ TEST_F(CQKWeatherDataAdminTest, DeleteWeatherByCityIdDeletesTheWeatherRowsThenTh
   EXPECT_TRUE(messages.empty());
 }
 
-TEST_F(CQKWeatherDataAdminTest, DeleteWeatherByCityIdWithoutAWeatherRowStillDeletesTheCity) {
+TEST_P(CQKWeatherDataAdminTest, DeleteWeatherByCityIdWithoutAWeatherRowStillDeletesTheCity) {
   SeedPlaces();
   CString error;
   EXPECT_EQ(admin.DeleteWeatherByCityID(4, error), 1);
   EXPECT_EQ(Query("select group_concat(Name) from City"), "广州,深圳,长沙");
 }
 
-TEST_F(CQKWeatherDataAdminTest, DeleteWeatherByCityIdNamesTheWeatherTableWhenItFails) {
+TEST_P(CQKWeatherDataAdminTest, DeleteWeatherByCityIdNamesTheWeatherTableWhenItFails) {
   SeedPlaces();
   CQKWeather::S_Init(path, L"NoWeather");
   CString error;
@@ -491,7 +491,7 @@ TEST_F(CQKWeatherDataAdminTest, DeleteWeatherByCityIdNamesTheWeatherTableWhenItF
   EXPECT_TRUE(messages.empty());
 }
 
-TEST_F(CQKWeatherDataAdminTest, DeleteWeatherByCityIdNamesTheCityTableWhenItFails) {
+TEST_P(CQKWeatherDataAdminTest, DeleteWeatherByCityIdNamesTheCityTableWhenItFails) {
   SeedPlaces();
   AddWeather(2, 2.0, 0.4, "a.epw", 31.0);
   CQKCity::S_Init(path, L"NoCity");
@@ -503,7 +503,7 @@ TEST_F(CQKWeatherDataAdminTest, DeleteWeatherByCityIdNamesTheCityTableWhenItFail
   EXPECT_TRUE(messages.empty());
 }
 
-TEST_F(CQKWeatherDataAdminTest, DeleteWeatherOfProvinceDeletesItsCitiesInTheTreeAndItsRow) {
+TEST_P(CQKWeatherDataAdminTest, DeleteWeatherOfProvinceDeletesItsCitiesInTheTreeAndItsRow) {
   SeedPlaces();
   AddWeather(1, 2.0, 0.4, "a.epw", 31.0);
   admin.GetCityNodes(1, false);
@@ -517,7 +517,7 @@ TEST_F(CQKWeatherDataAdminTest, DeleteWeatherOfProvinceDeletesItsCitiesInTheTree
   EXPECT_EQ(Children(admin.GetCityNodes(0, false)->arrChild[0]), L"广东省,湖南省");
 }
 
-TEST_F(CQKWeatherDataAdminTest, DeleteWeatherOfProvinceWithoutATreeDeletesOnlyTheProvince) {
+TEST_P(CQKWeatherDataAdminTest, DeleteWeatherOfProvinceWithoutATreeDeletesOnlyTheProvince) {
   SeedPlaces();
   CQKCountry china = CountryRef(L"中国", 1);
   CQKProvince guangdong = ProvinceRef(L"广东省", 1);
@@ -526,7 +526,7 @@ TEST_F(CQKWeatherDataAdminTest, DeleteWeatherOfProvinceWithoutATreeDeletesOnlyTh
   EXPECT_EQ(Rows("City"), "4");
 }
 
-TEST_F(CQKWeatherDataAdminTest, DeleteWeatherOfProvinceFailureShowsTheTableWithoutAnIcon) {
+TEST_P(CQKWeatherDataAdminTest, DeleteWeatherOfProvinceFailureShowsTheTableWithoutAnIcon) {
   SeedPlaces();
   CQKProvince::S_Init(path, L"NoProvince");
   CQKCountry china = CountryRef(L"中国", 1);
@@ -537,7 +537,7 @@ TEST_F(CQKWeatherDataAdminTest, DeleteWeatherOfProvinceFailureShowsTheTableWitho
   EXPECT_EQ(messages[0].second, 0u);
 }
 
-TEST_F(CQKWeatherDataAdminTest, DeleteCountryDeletesOnlyTheCountryRow) {
+TEST_P(CQKWeatherDataAdminTest, DeleteCountryDeletesOnlyTheCountryRow) {
   SeedPlaces();
   CQKCountry japan = CountryRef(L"日本", 2);
   EXPECT_EQ(admin.DeleteCountry(japan), 1);
@@ -546,7 +546,7 @@ TEST_F(CQKWeatherDataAdminTest, DeleteCountryDeletesOnlyTheCountryRow) {
   EXPECT_EQ(Rows("City"), "4");
 }
 
-TEST_F(CQKWeatherDataAdminTest, DeleteCountryFailureShowsTheTableWithTheErrorIcon) {
+TEST_P(CQKWeatherDataAdminTest, DeleteCountryFailureShowsTheTableWithTheErrorIcon) {
   CQKCountry::S_Init(path, L"NoCountry");
   CQKCountry c = CountryRef(L"中国", 1);
   EXPECT_EQ(admin.DeleteCountry(c), 0);
@@ -555,7 +555,7 @@ TEST_F(CQKWeatherDataAdminTest, DeleteCountryFailureShowsTheTableWithTheErrorIco
   EXPECT_EQ(messages[0].second, 16u);
 }
 
-TEST_F(CQKWeatherDataAdminTest, DeletionsOnAReadOnlyDatabaseFailAndKeepEveryRow) {
+TEST_P(CQKWeatherDataAdminTest, DeletionsOnAReadOnlyDatabaseFailAndKeepEveryRow) {
   const CString readOnly = CreateReadOnlyDatabase(
       dir, "readonly.db",
       "CREATE TABLE Country (ID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT);"
@@ -594,3 +594,5 @@ TEST(CQKWeatherDataAdmin, FolderNamesAreTheHostsToSetAndRead) {
   CQKWeatherDataAdmin::s_m_sEpwDir = L"";
   CQKWeatherDataAdmin::s_m_sReprotDir = L"";
 }
+
+QK_ON_BOTH_BACKENDS(CQKWeatherDataAdminTest);

@@ -58,7 +58,14 @@ PgTestDatabase::PgTestDatabase() {
   std::ifstream file(QK_SCHEMA_FILE);
   const std::string schema((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
   const std::string uri = WithDatabase(m_server, m_name);
-  if (std::string error = Exec(uri, tablekit::PostgresSchema(schema)); !error.empty()) {
+  // The tests' own SQL is written for SQLite; these give the server the two functions it uses.
+  const std::string compatibility =
+      "CREATE FUNCTION qk_concat_step(acc text, v anyelement) RETURNS text LANGUAGE sql IMMUTABLE AS"
+      " $$ SELECT CASE WHEN v IS NULL THEN acc WHEN acc IS NULL THEN v::text ELSE acc || ',' || v::text END $$;"
+      "CREATE AGGREGATE group_concat(anyelement) (SFUNC = qk_concat_step, STYPE = text);"
+      "CREATE FUNCTION round(v double precision, digits integer) RETURNS double precision LANGUAGE sql"
+      " IMMUTABLE AS $$ SELECT round(v::numeric, digits)::double precision $$;";
+  if (std::string error = Exec(uri, tablekit::PostgresSchema(schema) + compatibility); !error.empty()) {
     m_why = "cannot create the schema: " + error;
     return;
   }
@@ -70,20 +77,26 @@ PgTestDatabase::~PgTestDatabase() {
 }
 
 void PgTestDatabase::Run(const std::string& sql) const {
-  const std::string error = Exec(m_uri, sql);
+  const std::string error = Exec(m_uri, tablekit::PostgresStatements(sql));
   EXPECT_EQ(error, "") << sql;
 }
 
 std::string PgTestDatabase::QueryOne(const std::string& sql) const {
   PGconn* conn = PQconnectdb(m_uri.c_str());
+  PQclear(PQexec(conn, "SET extra_float_digits = 0"));  // 15 significant digits, as SQLite prints
   std::string out;
   PGresult* res = PQexec(conn, sql.c_str());
   if (PQresultStatus(res) != PGRES_TUPLES_OK) {
     out = std::string("<error: ") + PQresultErrorMessage(res) + ">";
-  } else if (PQntuples(res) < 1 || PQgetisnull(res, 0, 0)) {
+  } else if (PQntuples(res) < 1) {
+    out = "<error: no row>";
+  } else if (PQgetisnull(res, 0, 0)) {
     out = "<null>";
   } else {
     out = PQgetvalue(res, 0, 0);
+    constexpr Oid kFloat4 = 700, kFloat8 = 701;
+    const Oid type = PQftype(res, 0);
+    if ((type == kFloat4 || type == kFloat8) && out.find_first_of(".eEnN") == std::string::npos) out += ".0";
   }
   PQclear(res);
   PQfinish(conn);

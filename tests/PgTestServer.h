@@ -24,9 +24,11 @@ class PgTestDatabase {
   const std::string& Why() const { return m_why; }
   // The URI of the test's database, as the library takes it.
   CString Uri() const { return CString::FromUtf8(m_uri); }
-  // Runs a script of statements on the test's database; fails the calling test on an error.
+  // Runs a script of statements on the test's database, its SQLite column forms rewritten for the
+  // server (PostgresStatements); fails the calling test on an error.
   void Run(const std::string& sql) const;
-  // A single value as text; "<null>" for null, "<error: ...>" on failure.
+  // A single value as text, as SQLite's would read (15 significant digits, "45.0" for a whole real);
+  // "<null>" for null, "<error: ...>" on failure, "<error: no row>" for no row.
   std::string QueryOne(const std::string& sql) const;
 
  private:

@@ -15,6 +15,7 @@ class WeatherFixture : public GeographyFixture {
  protected:
   void SetUp() override {
     GeographyFixture::SetUp();
+    if (IsSkipped() || HasFatalFailure()) return;
     CQKWeather::S_Init(path, L"Weather");
     previousHandler = SetRvAfxMessageBoxHandler([this](const wchar_t* text, unsigned int style, HWND) {
       messages.emplace_back(CString(text), style);

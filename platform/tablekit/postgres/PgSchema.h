@@ -12,5 +12,7 @@
 namespace tablekit {
 
 QK_EXPORT std::string PostgresSchema(const std::string& sqliteSchema);
+// The same rewriting of column forms, for any script written for SQLite, without the extension.
+QK_EXPORT std::string PostgresStatements(const std::string& sqliteSql);
 
 }  // namespace tablekit
