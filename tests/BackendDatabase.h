@@ -2,7 +2,7 @@
 // The database tests run once per backend: on an SQLite file and on a PostgreSQL server
 // (PgTestServer.h says which server, and when a missing one skips or fails). BackendFixture makes a
 // reference database from the schema on the test's backend; the test seeds it and reads it back in
-// SQL (written for SQLite; the server is given group_concat and round(real, digits) to match).
+// SQL (written for SQLite; the server is given group_concat, round(real, digits) and typeof to match).
 //
 //   class CQKCountryTest : public BackendFixture {};
 //   TEST_P(CQKCountryTest, ...) { ... }

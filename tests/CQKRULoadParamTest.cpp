@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "BackendDatabase.h"
 #include "GeographyFixture.h"
 #include "TestDatabase.h"
 #include "foundation/QKLoad.h"
@@ -65,12 +66,12 @@ const std::string kLoadParamTable =
 
 // A reference database with the load-parameter record pointed at its table and a connection of the
 // test's own on it. Message boxes are caught, so a test can tell that none was shown.
-class CQKRULoadParamTest : public ::testing::Test {
+class CQKRULoadParamTest : public BackendFixture {
  protected:
   void SetUp() override {
-    path = CreateReferenceDatabase(dir);
+    BackendFixture::SetUp();
+    if (IsSkipped() || HasFatalFailure()) return;
     CQKRULoadParam::S_Init(path, L"RULoadParam");
-    ASSERT_TRUE(db.OpenAccess(path, L"", L""));
     previousHandler = SetRvAfxMessageBoxHandler([this](const wchar_t* text, unsigned int, HWND) {
       messages.emplace_back(text);
       return IDOK;
@@ -81,13 +82,8 @@ class CQKRULoadParamTest : public ::testing::Test {
     ForgetClassTable<CQKRULoadParam>();
   }
 
-  void Seed(const std::string& sql) { CreateDatabase(path, sql); }
-  std::string Query(const std::string& sql) const { return QueryOne(path, sql); }
   std::string RowCount() const { return Query("select count(*) from RULoadParam"); }
 
-  TempDir dir;
-  CString path;
-  CADODatabase db;
   std::vector<std::wstring> messages;
   RvMessageBoxHandler previousHandler;
 };
@@ -159,7 +155,7 @@ TEST(CQKRULoadParam, CopyCarriesTheKeyTheFieldsAndTheRecordsLabourId) {
 
 // ---- AddOrUpdate ----------------------------------------------------------------------------------
 
-TEST_F(CQKRULoadParamTest, AddOrUpdateOfANewRoomUseInsertsARowAndReturnsZero) {
+TEST_P(CQKRULoadParamTest, AddOrUpdateOfANewRoomUseInsertsARowAndReturnsZero) {
   CQKRULoadParam p = ForRoomUse(5);
 
   int result = p.AddOrUpdate(&db);
@@ -169,7 +165,7 @@ TEST_F(CQKRULoadParamTest, AddOrUpdateOfANewRoomUseInsertsARowAndReturnsZero) {
   EXPECT_EQ(Query("select RUId from RULoadParam"), "5");
 }
 
-TEST_F(CQKRULoadParamTest, AddOrUpdateStoresHumiditiesInPercent) {
+TEST_P(CQKRULoadParamTest, AddOrUpdateStoresHumiditiesInPercent) {
   CQKRULoadParam p = ForRoomUse(5);  // both humidities 0.6
 
   p.AddOrUpdate(&db);
@@ -178,7 +174,7 @@ TEST_F(CQKRULoadParamTest, AddOrUpdateStoresHumiditiesInPercent) {
   EXPECT_EQ(Query("select XiaJiSNSJXDSD from RULoadParam where RUId=5"), "60.0");
 }
 
-TEST_F(CQKRULoadParamTest, AddOrUpdateStoresTheLabourIntensityAsAnInteger) {
+TEST_P(CQKRULoadParamTest, AddOrUpdateStoresTheLabourIntensityAsAnInteger) {
   CQKRULoadParam p = ForRoomUse(5);
   p.LaoDongQD = L"中等劳动";
 
@@ -187,7 +183,7 @@ TEST_F(CQKRULoadParamTest, AddOrUpdateStoresTheLabourIntensityAsAnInteger) {
   EXPECT_EQ(Query("select typeof(LaoDongQD) || ':' || LaoDongQD from RULoadParam where RUId=5"), "integer:3");
 }
 
-TEST_F(CQKRULoadParamTest, AddOrUpdateTakesTheKeyOfTheInsertedRow) {
+TEST_P(CQKRULoadParamTest, AddOrUpdateTakesTheKeyOfTheInsertedRow) {
   Seed("INSERT INTO RULoadParam (RUId) VALUES (1), (2);");
   CQKRULoadParam p = ForRoomUse(5);
 
@@ -196,7 +192,7 @@ TEST_F(CQKRULoadParamTest, AddOrUpdateTakesTheKeyOfTheInsertedRow) {
   EXPECT_EQ(p.GetID(), 3);
 }
 
-TEST_F(CQKRULoadParamTest, AddOrUpdateOfAStoredRoomUseUpdatesItsRowAndReturnsTwo) {
+TEST_P(CQKRULoadParamTest, AddOrUpdateOfAStoredRoomUseUpdatesItsRowAndReturnsTwo) {
   Seed("INSERT INTO RULoadParam (RUId, ZhaoMingBZ) VALUES (4, 9.0), (5, 9.0);");
   CQKRULoadParam p = ForRoomUse(5);
   p.ZhaoMingBZ = 12.5;
@@ -210,7 +206,7 @@ TEST_F(CQKRULoadParamTest, AddOrUpdateOfAStoredRoomUseUpdatesItsRowAndReturnsTwo
   EXPECT_EQ(Query("select ZhaoMingBZ from RULoadParam where RUId=4"), "9.0");
 }
 
-TEST_F(CQKRULoadParamTest, AddOrUpdateWithoutAConnectionWritesThroughTheClassConnection) {
+TEST_P(CQKRULoadParamTest, AddOrUpdateWithoutAConnectionWritesThroughTheClassConnection) {
   CQKRULoadParam p = ForRoomUse(6);
 
   int result = p.AddOrUpdate(nullptr);
@@ -219,7 +215,7 @@ TEST_F(CQKRULoadParamTest, AddOrUpdateWithoutAConnectionWritesThroughTheClassCon
   EXPECT_EQ(Query("select count(*) from RULoadParam where RUId=6"), "1");
 }
 
-TEST_F(CQKRULoadParamTest, EveryStoredFieldComesBackFromTheDatabase) {
+TEST_P(CQKRULoadParamTest, EveryStoredFieldComesBackFromTheDatabase) {
   CQKRULoadParam stored = MeetingRoom(12);
   ASSERT_EQ(stored.AddOrUpdate(&db), 0);
   CQKRULoadParam read;
@@ -251,7 +247,7 @@ TEST_F(CQKRULoadParamTest, EveryStoredFieldComesBackFromTheDatabase) {
   EXPECT_EQ(read.ShenTouL, 0.5);
 }
 
-TEST_F(CQKRULoadParamTest, HumiditiesOfAFullRecordAreStoredInPercent) {
+TEST_P(CQKRULoadParamTest, HumiditiesOfAFullRecordAreStoredInPercent) {
   CQKRULoadParam stored = MeetingRoom(12);  // 0.45 in winter, 0.55 in summer
 
   stored.AddOrUpdate(&db);
@@ -260,7 +256,7 @@ TEST_F(CQKRULoadParamTest, HumiditiesOfAFullRecordAreStoredInPercent) {
   EXPECT_EQ(Query("select XiaJiSNSJXDSD from RULoadParam where RUId=12"), "55.0");
 }
 
-TEST_F(CQKRULoadParamTest, AddOrUpdateOfAMissingTableReturnsOneAndWritesNothing) {
+TEST_P(CQKRULoadParamTest, AddOrUpdateOfAMissingTableReturnsOneAndWritesNothing) {
   CQKRULoadParam::S_Init(path, L"NoSuchTable");
   CQKRULoadParam p = ForRoomUse(5);
 
@@ -268,10 +264,12 @@ TEST_F(CQKRULoadParamTest, AddOrUpdateOfAMissingTableReturnsOneAndWritesNothing)
 
   EXPECT_EQ(result, 1);
   EXPECT_EQ(RowCount(), "0");
-  EXPECT_EQ(Query("select count(*) from sqlite_master where name='NoSuchTable'"), "0");
+  EXPECT_EQ(Query(OnSQLite() ? "select count(*) from sqlite_master where lower(name)='nosuchtable'"
+                             : "select count(*) from information_schema.tables where table_name='nosuchtable'"),
+            "0");
 }
 
-TEST_F(CQKRULoadParamTest, AFailedAddOrUpdateShowsNoMessage) {
+TEST_P(CQKRULoadParamTest, AFailedAddOrUpdateShowsNoMessage) {
   CQKRULoadParam::S_Init(path, L"NoSuchTable");
   CQKRULoadParam p = ForRoomUse(5);
 
@@ -280,7 +278,7 @@ TEST_F(CQKRULoadParamTest, AFailedAddOrUpdateShowsNoMessage) {
   EXPECT_TRUE(messages.empty());
 }
 
-TEST_F(CQKRULoadParamTest, AddOrUpdateOfANewRoomUseOnAReadOnlyDatabaseReturnsOne) {
+TEST_P(CQKRULoadParamTest, AddOrUpdateOfANewRoomUseOnAReadOnlyDatabaseReturnsOne) {
   CString readOnly = CreateReadOnlyDatabase(dir, "readonly.db", kLoadParamTable +
                                                                    "INSERT INTO RULoadParam (RUId) VALUES (3);");
 
@@ -295,7 +293,7 @@ TEST_F(CQKRULoadParamTest, AddOrUpdateOfANewRoomUseOnAReadOnlyDatabaseReturnsOne
   EXPECT_EQ(QueryOne(readOnly, "select group_concat(RUId) from RULoadParam"), "3");
 }
 
-TEST_F(CQKRULoadParamTest, AddOrUpdateOfAStoredRoomUseOnAReadOnlyDatabaseReturnsOne) {
+TEST_P(CQKRULoadParamTest, AddOrUpdateOfAStoredRoomUseOnAReadOnlyDatabaseReturnsOne) {
   CString readOnly = CreateReadOnlyDatabase(
       dir, "readonly.db", kLoadParamTable + "INSERT INTO RULoadParam (RUId, ZhaoMingBZ) VALUES (5, 9.0);");
 
@@ -313,7 +311,7 @@ TEST_F(CQKRULoadParamTest, AddOrUpdateOfAStoredRoomUseOnAReadOnlyDatabaseReturns
 
 // ---- ReadDataByRUId -------------------------------------------------------------------------------
 
-TEST_F(CQKRULoadParamTest, ReadDataByRUIdLoadsTheRowOfThatRoomUse) {
+TEST_P(CQKRULoadParamTest, ReadDataByRUIdLoadsTheRowOfThatRoomUse) {
   Seed("INSERT INTO RULoadParam (RUId, ZaoYin, LaoDongQD) VALUES (4, 35, 1), (5, 50, 2);");
   CQKRULoadParam p;
 
@@ -326,7 +324,7 @@ TEST_F(CQKRULoadParamTest, ReadDataByRUIdLoadsTheRowOfThatRoomUse) {
   EXPECT_EQ(p.LaoDongQD, L"轻度劳动");
 }
 
-TEST_F(CQKRULoadParamTest, ReadDataByRUIdOfARoomUseWithoutParametersReturnsZeroAndChangesNothing) {
+TEST_P(CQKRULoadParamTest, ReadDataByRUIdOfARoomUseWithoutParametersReturnsZeroAndChangesNothing) {
   Seed("INSERT INTO RULoadParam (RUId, ZaoYin) VALUES (4, 35);");
   CQKRULoadParam p = MeetingRoom(9);
   p.SetID(17);
@@ -341,7 +339,7 @@ TEST_F(CQKRULoadParamTest, ReadDataByRUIdOfARoomUseWithoutParametersReturnsZeroA
   EXPECT_EQ(p.LaoDongQD, L"极轻劳动");
 }
 
-TEST_F(CQKRULoadParamTest, ReadDataByRUIdOfAStoredLabourIdOutsideTheTableKeepsTheName) {
+TEST_P(CQKRULoadParamTest, ReadDataByRUIdOfAStoredLabourIdOutsideTheTableKeepsTheName) {
   Seed("INSERT INTO RULoadParam (RUId, LaoDongQD) VALUES (5, 7);");
   CQKRULoadParam p;
   p.LaoDongQD = L"中等劳动";
@@ -354,7 +352,7 @@ TEST_F(CQKRULoadParamTest, ReadDataByRUIdOfAStoredLabourIdOutsideTheTableKeepsTh
 
 // ---- IsExist ---------------------------------------------------------------------------------------
 
-TEST_F(CQKRULoadParamTest, IsExistOfARoomUseWithoutRowReturnsZero) {
+TEST_P(CQKRULoadParamTest, IsExistOfARoomUseWithoutRowReturnsZero) {
   Seed("INSERT INTO RULoadParam (RUId) VALUES (4);");
   CQKRULoadParam p = ForRoomUse(5);
   p.SetID(30);
@@ -365,7 +363,7 @@ TEST_F(CQKRULoadParamTest, IsExistOfARoomUseWithoutRowReturnsZero) {
   EXPECT_EQ(p.GetID(), 30);
 }
 
-TEST_F(CQKRULoadParamTest, IsExistOfARoomUseWithOneRowReturnsTwoAndTakesItsKey) {
+TEST_P(CQKRULoadParamTest, IsExistOfARoomUseWithOneRowReturnsTwoAndTakesItsKey) {
   Seed("INSERT INTO RULoadParam (RUId) VALUES (4), (5);");
   CQKRULoadParam p = ForRoomUse(5);
 
@@ -375,7 +373,7 @@ TEST_F(CQKRULoadParamTest, IsExistOfARoomUseWithOneRowReturnsTwoAndTakesItsKey) 
   EXPECT_EQ(p.GetID(), 2);
 }
 
-TEST_F(CQKRULoadParamTest, IsExistOfARoomUseWithOneRowLeavesTheFields) {
+TEST_P(CQKRULoadParamTest, IsExistOfARoomUseWithOneRowLeavesTheFields) {
   Seed("INSERT INTO RULoadParam (RUId, ZaoYin) VALUES (5, 55);");
   CQKRULoadParam p = ForRoomUse(5);
   p.ZaoYin = 30;
@@ -385,7 +383,7 @@ TEST_F(CQKRULoadParamTest, IsExistOfARoomUseWithOneRowLeavesTheFields) {
   EXPECT_EQ(p.ZaoYin, 30);
 }
 
-TEST_F(CQKRULoadParamTest, IsExistOfARoomUseWithTwoRowsReturnsTwoAndLeavesTheKey) {
+TEST_P(CQKRULoadParamTest, IsExistOfARoomUseWithTwoRowsReturnsTwoAndLeavesTheKey) {
   Seed("INSERT INTO RULoadParam (RUId) VALUES (5), (4), (5);");
   CQKRULoadParam p = ForRoomUse(5);
   p.SetID(30);
@@ -396,7 +394,7 @@ TEST_F(CQKRULoadParamTest, IsExistOfARoomUseWithTwoRowsReturnsTwoAndLeavesTheKey
   EXPECT_EQ(p.GetID(), 30);
 }
 
-TEST_F(CQKRULoadParamTest, IsExistOfAMissingTableReturnsOne) {
+TEST_P(CQKRULoadParamTest, IsExistOfAMissingTableReturnsOne) {
   CQKRULoadParam::S_Init(path, L"NoSuchTable");
   CQKRULoadParam p = ForRoomUse(5);
 
@@ -407,7 +405,7 @@ TEST_F(CQKRULoadParamTest, IsExistOfAMissingTableReturnsOne) {
 
 // ---- HasRULoadParam --------------------------------------------------------------------------------
 
-TEST_F(CQKRULoadParamTest, HasRULoadParamWithoutAnyConnectionIsMinusOne) {
+TEST_P(CQKRULoadParamTest, HasRULoadParamWithoutAnyConnectionIsMinusOne) {
   CADODatabase* classConnection = CQKRULoadParam::m_pADODatabase;
   CQKRULoadParam::m_pADODatabase = nullptr;  // as before the class ever opened one
 
@@ -417,7 +415,7 @@ TEST_F(CQKRULoadParamTest, HasRULoadParamWithoutAnyConnectionIsMinusOne) {
   EXPECT_EQ(id, -1);
 }
 
-TEST_F(CQKRULoadParamTest, HasRULoadParamOnTheShippedTableIsMinusOne) {
+TEST_P(CQKRULoadParamTest, HasRULoadParamOnTheShippedTableIsMinusOne) {
   Seed("INSERT INTO RULoadParam (RUId) VALUES (5);");
 
   int id = CQKRULoadParam::HasRULoadParam(L"办公室", &db);
@@ -425,7 +423,7 @@ TEST_F(CQKRULoadParamTest, HasRULoadParamOnTheShippedTableIsMinusOne) {
   EXPECT_EQ(id, -1);
 }
 
-TEST_F(CQKRULoadParamTest, HasRULoadParamGivesTheFirstKeyOfTheNameOnATableWithNames) {
+TEST_P(CQKRULoadParamTest, HasRULoadParamGivesTheFirstKeyOfTheNameOnATableWithNames) {
   Seed("CREATE TABLE NamedLoadParam (ID INTEGER PRIMARY KEY, Name TEXT);"
        "INSERT INTO NamedLoadParam (ID, Name) VALUES (7, '会议室'), (9, '办公室'), (12, '办公室');");
   CQKRULoadParam::S_Init(path, L"NamedLoadParam");
@@ -435,7 +433,7 @@ TEST_F(CQKRULoadParamTest, HasRULoadParamGivesTheFirstKeyOfTheNameOnATableWithNa
   EXPECT_EQ(id, 9);
 }
 
-TEST_F(CQKRULoadParamTest, HasRULoadParamOfAnUnstoredNameOnATableWithNamesIsZero) {
+TEST_P(CQKRULoadParamTest, HasRULoadParamOfAnUnstoredNameOnATableWithNamesIsZero) {
   Seed("CREATE TABLE NamedLoadParam (ID INTEGER PRIMARY KEY, Name TEXT);"
        "INSERT INTO NamedLoadParam (ID, Name) VALUES (7, '会议室');");
   CQKRULoadParam::S_Init(path, L"NamedLoadParam");
@@ -445,7 +443,7 @@ TEST_F(CQKRULoadParamTest, HasRULoadParamOfAnUnstoredNameOnATableWithNamesIsZero
   EXPECT_EQ(id, 0);
 }
 
-TEST_F(CQKRULoadParamTest, HasRULoadParamWithoutAConnectionUsesTheClassConnectionOnceOpened) {
+TEST_P(CQKRULoadParamTest, HasRULoadParamWithoutAConnectionUsesTheClassConnectionOnceOpened) {
   Seed("CREATE TABLE NamedLoadParam (ID INTEGER PRIMARY KEY, Name TEXT);"
        "INSERT INTO NamedLoadParam (ID, Name) VALUES (7, '会议室');");
   CQKRULoadParam::S_Init(path, L"NamedLoadParam");
@@ -455,3 +453,5 @@ TEST_F(CQKRULoadParamTest, HasRULoadParamWithoutAConnectionUsesTheClassConnectio
 
   EXPECT_EQ(id, 7);
 }
+
+QK_ON_BOTH_BACKENDS(CQKRULoadParamTest);

@@ -58,13 +58,18 @@ PgTestDatabase::PgTestDatabase() {
   std::ifstream file(QK_SCHEMA_FILE);
   const std::string schema((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
   const std::string uri = WithDatabase(m_server, m_name);
-  // The tests' own SQL is written for SQLite; these give the server the two functions it uses.
+  // The tests' own SQL is written for SQLite; these give the server the functions it uses.
   const std::string compatibility =
       "CREATE FUNCTION qk_concat_step(acc text, v anyelement) RETURNS text LANGUAGE sql IMMUTABLE AS"
       " $$ SELECT CASE WHEN v IS NULL THEN acc WHEN acc IS NULL THEN v::text ELSE acc || ',' || v::text END $$;"
       "CREATE AGGREGATE group_concat(anyelement) (SFUNC = qk_concat_step, STYPE = text);"
       "CREATE FUNCTION round(v double precision, digits integer) RETURNS double precision LANGUAGE sql"
-      " IMMUTABLE AS $$ SELECT round(v::numeric, digits)::double precision $$;";
+      " IMMUTABLE AS $$ SELECT round(v::numeric, digits)::double precision $$;"
+      "CREATE FUNCTION typeof(v anyelement) RETURNS text LANGUAGE sql IMMUTABLE AS $$ SELECT CASE"
+      " WHEN v IS NULL THEN 'null'"
+      " WHEN pg_typeof(v) IN ('smallint'::regtype, 'integer'::regtype, 'bigint'::regtype) THEN 'integer'"
+      " WHEN pg_typeof(v) IN ('real'::regtype, 'double precision'::regtype, 'numeric'::regtype) THEN 'real'"
+      " ELSE 'text' END $$;";
   if (std::string error = Exec(uri, tablekit::PostgresSchema(schema) + compatibility); !error.empty()) {
     m_why = "cannot create the schema: " + error;
     return;
