@@ -173,3 +173,16 @@ TEST(AccessDialect, OrderByComparisonAfterCommaWithoutBlank) {
   EXPECT_EQ(Translate(L"select * from T order by ID,Name=\"x\""),
             "select * from T order by ID, CASE WHEN Name='x' THEN 0 ELSE 1 END");
 }
+
+TEST(AccessDialect, ForTheServerBracketedNamesFoldToLowerCase) {
+  std::string out, error;
+  ASSERT_TRUE(tablekit::TranslateAccessSql(L"select * from [City Names] where [PId]=1 and Name=\"Ab\"", out, error,
+                                           tablekit::SqlDialect::PostgreSQL))
+      << error;
+  // Unquoted names fold on the server by themselves; texts keep their case.
+  EXPECT_EQ(out, "select * from \"city names\" where \"pid\"=1 and Name='Ab'");
+}
+
+TEST(AccessDialect, ForSQLiteBracketedNamesKeepTheirCase) {
+  EXPECT_EQ(Translate(L"select * from [City Names]"), "select * from \"City Names\"");
+}
