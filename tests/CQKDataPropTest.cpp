@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "TestDatabase.h"
+#include "BackendDatabase.h"
 #include "datakit/CADataExchange.h"
 #include "datakit/CADataProp.h"
 #include "foundation/CQKDataProp.h"
@@ -13,18 +13,20 @@
 
 namespace {
 
+// Flag is a BIGINT so that it holds every unsigned 32-bit value on the server too, whose INTEGER has
+// 32 bits (SQLite's has 64).
 const char* kSchema =
     "CREATE TABLE Item (ID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT, Note TEXT, Count INTEGER, "
-    "Ratio REAL, Flag INTEGER);"
+    "Ratio REAL, Flag BIGINT);"
     "INSERT INTO Item (Name, Note, Count, Ratio, Flag) VALUES ('北京', NULL, 70000, 2.5, 1);"
     "INSERT INTO Item (Name, Note, Count, Ratio, Flag) VALUES ('负数', 'x', -70000, -0.25, 0);";
 
-class CQKDataPropTest : public ::testing::Test {
+class CQKDataPropTest : public BackendFixture {
  protected:
   void SetUp() override {
-    path = dir.File("items.db");
-    CreateDatabase(path, kSchema);
-    ASSERT_TRUE(db.OpenAccess(path, L"", L""));
+    BackendFixture::SetUp();
+    if (IsSkipped() || HasFatalFailure()) return;
+    Seed(kSchema);
     rs = std::make_unique<CADORecordset>(&db);
     ASSERT_TRUE(rs->Open(L"select * from Item order by ID"));
   }
@@ -40,32 +42,29 @@ class CQKDataPropTest : public ::testing::Test {
     ASSERT_TRUE(writer.Update());
   }
   std::string Stored(const std::string& column) const {
-    return QueryOne(path, "select " + column + " from Item order by ID desc limit 1");
+    return Query("select " + column + " from Item order by ID desc limit 1");
   }
 
-  TempDir dir;
-  CString path;
-  CADODatabase db;
   std::unique_ptr<CADORecordset> rs;
 };
 
 }  // namespace
 
-TEST_F(CQKDataPropTest, ReadInt16KeepsTheLow16Bits) {
+TEST_P(CQKDataPropTest, ReadInt16KeepsTheLow16Bits) {
   CQKDataProp store(rs.get());
   short value = 0;
   EXPECT_EQ(store.readInt16(L"Count", &value), 0);
   EXPECT_EQ(value, 4464);  // 70000 = 0x11170
 }
 
-TEST_F(CQKDataPropTest, ReadUInt16KeepsTheLow16Bits) {
+TEST_P(CQKDataPropTest, ReadUInt16KeepsTheLow16Bits) {
   CQKDataProp store(rs.get());
   unsigned short value = 0;
   EXPECT_EQ(store.readUInt16(L"Count", &value), 0);
   EXPECT_EQ(value, 4464);
 }
 
-TEST_F(CQKDataPropTest, ReadInt16OfANegativeNumberKeepsItsLowBitsAsSigned) {
+TEST_P(CQKDataPropTest, ReadInt16OfANegativeNumberKeepsItsLowBitsAsSigned) {
   rs->MoveNext();
   CQKDataProp store(rs.get());
   short value = 0;
@@ -73,14 +72,14 @@ TEST_F(CQKDataPropTest, ReadInt16OfANegativeNumberKeepsItsLowBitsAsSigned) {
   EXPECT_EQ(value, -4464);  // -70000 & 0xFFFF = 0xEE90
 }
 
-TEST_F(CQKDataPropTest, ReadInt16OfAMissingColumnGivesZero) {
+TEST_P(CQKDataPropTest, ReadInt16OfAMissingColumnGivesZero) {
   CQKDataProp store(rs.get());
   short value = 12;
   store.readInt16(L"NoSuchColumn", &value);
   EXPECT_EQ(value, 0);
 }
 
-TEST_F(CQKDataPropTest, ReadStringOfANullColumnGivesAnEmptySeparatelyAllocatedText) {
+TEST_P(CQKDataPropTest, ReadStringOfANullColumnGivesAnEmptySeparatelyAllocatedText) {
   CQKDataProp store(rs.get());
   wchar_t* first = nullptr;
   wchar_t* second = nullptr;
@@ -94,7 +93,7 @@ TEST_F(CQKDataPropTest, ReadStringOfANullColumnGivesAnEmptySeparatelyAllocatedTe
   delete[] second;
 }
 
-TEST_F(CQKDataPropTest, ReadStringOfAMissingColumnGivesAnEmptyText) {
+TEST_P(CQKDataPropTest, ReadStringOfAMissingColumnGivesAnEmptyText) {
   CQKDataProp store(rs.get());
   wchar_t* text = nullptr;
   store.readString(L"NoSuchColumn", &text);
@@ -103,7 +102,7 @@ TEST_F(CQKDataPropTest, ReadStringOfAMissingColumnGivesAnEmptyText) {
   delete[] text;
 }
 
-TEST_F(CQKDataPropTest, ReadStringGivesACopyTheCallerOwns) {
+TEST_P(CQKDataPropTest, ReadStringGivesACopyTheCallerOwns) {
   CQKDataProp store(rs.get());
   wchar_t* text = nullptr;
   store.readString(L"name", &text);  // column names ignore case
@@ -112,7 +111,7 @@ TEST_F(CQKDataPropTest, ReadStringGivesACopyTheCallerOwns) {
   delete[] text;
 }
 
-TEST_F(CQKDataPropTest, NumbersAreReadAsTheirTypes) {
+TEST_P(CQKDataPropTest, NumbersAreReadAsTheirTypes) {
   CQKDataProp store(rs.get());
   long count = 0;
   unsigned long unsignedCount = 0;
@@ -131,7 +130,7 @@ TEST_F(CQKDataPropTest, NumbersAreReadAsTheirTypes) {
   EXPECT_TRUE(flag);
 }
 
-TEST_F(CQKDataPropTest, AFailedReadLeavesTheTargetAsItWas) {
+TEST_P(CQKDataPropTest, AFailedReadLeavesTheTargetAsItWas) {
   CQKDataProp store(rs.get());
   long missing = 41;
   double text = 1.5;
@@ -141,14 +140,14 @@ TEST_F(CQKDataPropTest, AFailedReadLeavesTheTargetAsItWas) {
   EXPECT_EQ(text, 1.5);
 }
 
-TEST_F(CQKDataPropTest, ReadCharLeavesTheTargetAsItWas) {
+TEST_P(CQKDataPropTest, ReadCharLeavesTheTargetAsItWas) {
   CQKDataProp store(rs.get());
   char value = 'q';
   EXPECT_EQ(store.readChar(L"Count", &value), 0);
   EXPECT_EQ(value, 'q');
 }
 
-TEST_F(CQKDataPropTest, BytesAreNeitherReadNorWritten) {
+TEST_P(CQKDataPropTest, BytesAreNeitherReadNorWritten) {
   CQKDataProp store(rs.get());
   unsigned char buffer[4] = {1, 2, 3, 4};
   EXPECT_EQ(store.readBytes(L"Name", buffer, sizeof buffer), 0);
@@ -160,7 +159,7 @@ TEST_F(CQKDataPropTest, BytesAreNeitherReadNorWritten) {
   EXPECT_EQ(Stored("Note"), "<null>");
 }
 
-TEST_F(CQKDataPropTest, AWriteToAMissingColumnIsSwallowedAndTheOthersAreWritten) {
+TEST_P(CQKDataPropTest, AWriteToAMissingColumnIsSwallowedAndTheOthersAreWritten) {
   WriteNewRow([](CQKDataProp& row) {
     EXPECT_EQ(row.writeString(L"Name", L"上海"), 0);
     EXPECT_EQ(row.writeDouble(L"NoSuchColumn", 1.0), 0);
@@ -170,7 +169,7 @@ TEST_F(CQKDataPropTest, AWriteToAMissingColumnIsSwallowedAndTheOthersAreWritten)
   EXPECT_EQ(Stored("Count"), "31");
 }
 
-TEST_F(CQKDataPropTest, SmallIntegersAndCharactersAreWrittenAsInt) {
+TEST_P(CQKDataPropTest, SmallIntegersAndCharactersAreWrittenAsInt) {
   WriteNewRow([](CQKDataProp& row) {
     row.writeInt16(L"Count", static_cast<short>(-2));
     row.writeUInt16(L"Flag", static_cast<unsigned short>(65535));
@@ -181,7 +180,7 @@ TEST_F(CQKDataPropTest, SmallIntegersAndCharactersAreWrittenAsInt) {
   EXPECT_EQ(Stored("Note"), "65");
 }
 
-TEST_F(CQKDataPropTest, EveryOtherTypeIsWrittenAsItIs) {
+TEST_P(CQKDataPropTest, EveryOtherTypeIsWrittenAsItIs) {
   WriteNewRow([](CQKDataProp& row) {
     row.writeInt(L"Count", -7);
     row.writeUInt32(L"Flag", 4000000000UL);
@@ -194,7 +193,7 @@ TEST_F(CQKDataPropTest, EveryOtherTypeIsWrittenAsItIs) {
   EXPECT_EQ(Stored("Name"), "重庆");
 }
 
-TEST_F(CQKDataPropTest, WriteBoolStoresOneOrZero) {
+TEST_P(CQKDataPropTest, WriteBoolStoresOneOrZero) {
   WriteNewRow([](CQKDataProp& row) {
     row.writeBool(L"Flag", true);
     row.writeBool(L"Count", false);
@@ -203,7 +202,7 @@ TEST_F(CQKDataPropTest, WriteBoolStoresOneOrZero) {
   EXPECT_EQ(Stored("Count"), "0");
 }
 
-TEST_F(CQKDataPropTest, AStoreWithoutARecordSetReadsAndWritesNothing) {
+TEST(CQKDataProp, AStoreWithoutARecordSetReadsAndWritesNothing) {
   CQKDataProp store;
   long value = 3;
   wchar_t* text = nullptr;
@@ -216,7 +215,7 @@ TEST_F(CQKDataPropTest, AStoreWithoutARecordSetReadsAndWritesNothing) {
   delete[] text;
 }
 
-TEST_F(CQKDataPropTest, ACopyReadsTheSameRow) {
+TEST_P(CQKDataPropTest, ACopyReadsTheSameRow) {
   CQKDataProp store(rs.get());
   CQKDataProp copy(store);
   CQKDataProp assigned;
@@ -229,7 +228,7 @@ TEST_F(CQKDataPropTest, ACopyReadsTheSameRow) {
   EXPECT_EQ(b, -70000);
 }
 
-TEST_F(CQKDataPropTest, AnExchangeOverTheStoreReadsTheRowByName) {
+TEST_P(CQKDataPropTest, AnExchangeOverTheStoreReadsTheRowByName) {
   CQKDataProp store(rs.get());
   CADataExchange exchange{CADataProp<CQKDataProp>(&store)};
   CADataExchange copy(exchange);
@@ -240,3 +239,5 @@ TEST_F(CQKDataPropTest, AnExchangeOverTheStoreReadsTheRowByName) {
   EXPECT_EQ(name, L"北京");
   EXPECT_EQ(ratio, 2.5);
 }
+
+QK_ON_BOTH_BACKENDS(CQKDataPropTest);
