@@ -163,7 +163,7 @@ TEST_F(PgBackendTest, AFullClimateRoundTripsInTheTablesUnits) {
   out.EpwName = L"CHN_Hunan.Changsha.576870_CSWD.epw";
   out.WinWindDef = L"NNE";
   ASSERT_EQ(out.AddIfNotExist(nullptr, 0), DBS_ADDED);
-  EXPECT_EQ(server.QueryOne("select DjKtSwXdSd from Weather"), "68");
+  EXPECT_EQ(server.QueryOne("select DjKtSwXdSd from Weather"), "68.0");
   EXPECT_EQ(server.QueryOne("select XjDqy from Weather"), "1004.5");
   CQKWeather in;
   ASSERT_TRUE(in.ReadData(out.GetID(), nullptr));
@@ -227,7 +227,7 @@ TEST_F(PgBackendTest, LoadParametersAreStoredInPercentAndUpdatedInPlace) {
   p.DongJiSNSJXDSD = 0.45;
   p.LaoDongQD = L"中等劳动";
   EXPECT_EQ(p.AddOrUpdate(nullptr), 0);
-  EXPECT_EQ(server.QueryOne("select DongJiSNSJXDSD from RULoadParam"), "45");
+  EXPECT_EQ(server.QueryOne("select DongJiSNSJXDSD from RULoadParam"), "45.0");
   EXPECT_EQ(server.QueryOne("select LaoDongQD from RULoadParam"), "3");
   p.XinFengL = 30.0;
   EXPECT_EQ(p.AddOrUpdate(nullptr), 2);

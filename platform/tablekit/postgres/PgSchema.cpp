@@ -11,6 +11,8 @@ std::string PostgresStatements(const std::string& sqliteSql) {
       {std::regex(R"(\bTEXT(\b[^,\n]*?) COLLATE NOCASE)"), "citext$1"},
       {std::regex(R"(\bTEXT\b)"), "citext"},
       {std::regex(R"(\bREAL\b)"), "double precision"},
+      // SQLite's integers have 64 bits; the server's "integer" 32.
+      {std::regex(R"(\bINTEGER\b)"), "bigint"},
   };
   std::string out = sqliteSql;
   for (const auto& [pattern, replacement] : kRules) out = std::regex_replace(out, pattern, replacement);

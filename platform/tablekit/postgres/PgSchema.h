@@ -2,8 +2,9 @@
 // The reference schema for a PostgreSQL server, made from data/schema.sql so that the two backends
 // never hold different tables: keys become identity columns, texts citext (compared ignoring case,
 // as Access and the SQLite schema's COLLATE NOCASE compare them, LIKE included), reals double
-// precision. The result begins by creating the citext extension; it is one script of several
-// statements, for a tool that runs scripts (psql, PQexec), not for CADODatabase::Execute.
+// precision, integers bigint (SQLite's have 64 bits). The result begins by creating the citext
+// extension; it is one script of several statements, for a tool that runs scripts (psql, PQexec),
+// not for CADODatabase::Execute.
 
 #include <string>
 
