@@ -1,42 +1,40 @@
-// Reading rows and writing them back through a record set, on real SQLite files.
+// Reading rows and writing them back through a record set, on a real database of each backend.
 
 #include <gtest/gtest.h>
 
-#include "TestDatabase.h"
+#include <string>
+
+#include "BackendDatabase.h"
 #include "tablekit/CADODatabase.h"
 #include "tablekit/CADORecordset.h"
 
 namespace {
 
-class CADORecordsetTest : public ::testing::Test {
+// The test's own tables, beside the reference ones.
+class CADORecordsetTest : public BackendFixture {
  protected:
   void SetUp() override {
-    path = dir.File("rs.db");
-    CreateDatabase(path,
-                   "CREATE TABLE Station (ID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT COLLATE NOCASE,"
-                   " Height REAL, Code INTEGER, Flag INTEGER, Note TEXT);"
-                   "INSERT INTO Station (Name, Height, Code, Flag, Note) VALUES"
-                   " ('北京', 31.3, 54511, 1, NULL),"
-                   " ('拉萨', 3648.7, 55591, 0, '12.5'),"
-                   " ('Big', 2.5, 70000, -1, 'not a number');"
-                   "CREATE TABLE Other (ID INTEGER PRIMARY KEY, StationId INTEGER);");
-    ASSERT_TRUE(db.OpenAccess(path, L"", L""));
+    BackendFixture::SetUp();
+    if (IsSkipped() || HasFatalFailure()) return;
+    Seed("CREATE TABLE Station (ID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT COLLATE NOCASE,"
+         " Height REAL, Code INTEGER, Flag INTEGER, Note TEXT);"
+         "INSERT INTO Station (Name, Height, Code, Flag, Note) VALUES"
+         " ('北京', 31.3, 54511, 1, NULL),"
+         " ('拉萨', 3648.7, 55591, 0, '12.5'),"
+         " ('Big', 2.5, 70000, -1, 'not a number');"
+         "CREATE TABLE Other (ID INTEGER PRIMARY KEY, StationId INTEGER);");
   }
-
-  TempDir dir;
-  CString path;
-  CADODatabase db;
 };
 
 }  // namespace
 
-TEST_F(CADORecordsetTest, CountsEveryRowOfTheResult) {
+TEST_P(CADORecordsetTest, CountsEveryRowOfTheResult) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station"));
   EXPECT_EQ(rs.GetRecordCount(), 3u);
 }
 
-TEST_F(CADORecordsetTest, EmptyResultOpensWithNoRows) {
+TEST_P(CADORecordsetTest, EmptyResultOpensWithNoRows) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"无\""));
   EXPECT_TRUE(rs.IsOpen());
@@ -44,7 +42,7 @@ TEST_F(CADORecordsetTest, EmptyResultOpensWithNoRows) {
   EXPECT_TRUE(rs.IsEOF());
 }
 
-TEST_F(CADORecordsetTest, MoveNextWalksToTheEnd) {
+TEST_P(CADORecordsetTest, MoveNextWalksToTheEnd) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station order by ID"));
   int rows = 0;
@@ -57,14 +55,14 @@ TEST_F(CADORecordsetTest, MoveNextWalksToTheEnd) {
   EXPECT_FALSE(rs.IsBOF());
 }
 
-TEST_F(CADORecordsetTest, EmptyResultIsAtBothEnds) {
+TEST_P(CADORecordsetTest, EmptyResultIsAtBothEnds) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where ID<0"));
   EXPECT_TRUE(rs.IsBOF());
   EXPECT_TRUE(rs.IsEOF());
 }
 
-TEST_F(CADORecordsetTest, ReadsEachTypeByName) {
+TEST_P(CADORecordsetTest, ReadsEachTypeByName) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"拉萨\""));
   CString name;
@@ -87,7 +85,7 @@ TEST_F(CADORecordsetTest, ReadsEachTypeByName) {
   EXPECT_FALSE(flag);
 }
 
-TEST_F(CADORecordsetTest, ReadsByIndex) {
+TEST_P(CADORecordsetTest, ReadsByIndex) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select Name, Code from Station where Name=\"北京\""));
   CString name;
@@ -99,10 +97,11 @@ TEST_F(CADORecordsetTest, ReadsByIndex) {
   EXPECT_FALSE(rs.GetFieldValue(2, name));
   EXPECT_FALSE(rs.GetFieldValue(-1, code));
   EXPECT_EQ(rs.GetFieldCount(), 2);
-  EXPECT_EQ(rs.GetFieldName(1), L"Code");
+  // The server folds an unquoted name to lower case, and names the result's column so.
+  EXPECT_EQ(rs.GetFieldName(1), OnSQLite() ? L"Code" : L"code");
 }
 
-TEST_F(CADORecordsetTest, ColumnNamesIgnoreCase) {
+TEST_P(CADORecordsetTest, ColumnNamesIgnoreCase) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"北京\""));
   double height = 0;
@@ -110,7 +109,7 @@ TEST_F(CADORecordsetTest, ColumnNamesIgnoreCase) {
   EXPECT_DOUBLE_EQ(height, 31.3);
 }
 
-TEST_F(CADORecordsetTest, ASharedColumnNameFindsTheFirstColumnOfIt) {
+TEST_P(CADORecordsetTest, ASharedColumnNameFindsTheFirstColumnOfIt) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select Code as Value, Height as value, Name as 名称 from Station where Name=\"拉萨\""));
   long value = 0;
@@ -121,7 +120,7 @@ TEST_F(CADORecordsetTest, ASharedColumnNameFindsTheFirstColumnOfIt) {
   EXPECT_EQ(name, L"拉萨");
 }
 
-TEST_F(CADORecordsetTest, OnlyAsciiLettersIgnoreCase) {
+TEST_P(CADORecordsetTest, OnlyAsciiLettersIgnoreCase) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select Code as Ä from Station where Name=\"拉萨\""));
   long value = 0;
@@ -129,7 +128,7 @@ TEST_F(CADORecordsetTest, OnlyAsciiLettersIgnoreCase) {
   EXPECT_TRUE(rs.GetFieldValue(L"Ä", value));
 }
 
-TEST_F(CADORecordsetTest, MissingColumnLeavesTheTargetUnchanged) {
+TEST_P(CADORecordsetTest, MissingColumnLeavesTheTargetUnchanged) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"北京\""));
   double value = 7.25;
@@ -140,7 +139,7 @@ TEST_F(CADORecordsetTest, MissingColumnLeavesTheTargetUnchanged) {
   EXPECT_EQ(text, L"keep");
 }
 
-TEST_F(CADORecordsetTest, NullReadsAsEmptyTextButNotAsNumber) {
+TEST_P(CADORecordsetTest, NullReadsAsEmptyTextButNotAsNumber) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"北京\""));
   CString text = L"previous";
@@ -151,7 +150,7 @@ TEST_F(CADORecordsetTest, NullReadsAsEmptyTextButNotAsNumber) {
   EXPECT_EQ(number, 4.5);
 }
 
-TEST_F(CADORecordsetTest, NumericTextReadsAsNumberOtherTextDoesNot) {
+TEST_P(CADORecordsetTest, NumericTextReadsAsNumberOtherTextDoesNot) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station order by ID"));
   rs.MoveNext();  // 拉萨: Note '12.5'
@@ -163,7 +162,7 @@ TEST_F(CADORecordsetTest, NumericTextReadsAsNumberOtherTextDoesNot) {
   EXPECT_EQ(number, 12.5);
 }
 
-TEST_F(CADORecordsetTest, NumberReadsAsShortestText) {
+TEST_P(CADORecordsetTest, NumberReadsAsShortestText) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"北京\""));
   CString text;
@@ -173,7 +172,7 @@ TEST_F(CADORecordsetTest, NumberReadsAsShortestText) {
   EXPECT_EQ(text, L"54511");
 }
 
-TEST_F(CADORecordsetTest, RealReadAsIntegerRoundsToNearestEven) {
+TEST_P(CADORecordsetTest, RealReadAsIntegerRoundsToNearestEven) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"Big\""));
   int value = 0;
@@ -181,7 +180,7 @@ TEST_F(CADORecordsetTest, RealReadAsIntegerRoundsToNearestEven) {
   EXPECT_EQ(value, 2);
 }
 
-TEST_F(CADORecordsetTest, NegativeNumberIsNotAnUnsignedLong) {
+TEST_P(CADORecordsetTest, NegativeNumberIsNotAnUnsignedLong) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"Big\""));
   unsigned long value = 9;
@@ -192,29 +191,32 @@ TEST_F(CADORecordsetTest, NegativeNumberIsNotAnUnsignedLong) {
   EXPECT_TRUE(flag);
 }
 
-TEST_F(CADORecordsetTest, NumberOutside32BitsIsNotALong) {
-  ASSERT_TRUE(db.Execute(L"update Station set Code=4294967296 where Name=\"Big\""));
+TEST_P(CADORecordsetTest, NumberOutside32BitsIsNotALong) {
+  // The server's INTEGER column holds 32 bits and refuses the number; there a result column of the
+  // query's own (a bigint) carries it instead.
+  EXPECT_EQ(db.Execute(L"update Station set Code=4294967296 where Name=\"Big\""), OnSQLite());
   CADORecordset rs(&db);
-  ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"Big\""));
+  ASSERT_TRUE(rs.Open(OnSQLite() ? L"select * from Station where Name=\"Big\""
+                                 : L"select 4294967296 as Code from Station where Name=\"Big\""));
   long value = 3;
   EXPECT_FALSE(rs.GetFieldValue(L"Code", value));
   EXPECT_EQ(value, 3);
 }
 
-TEST_F(CADORecordsetTest, ReadPastTheEndFails) {
+TEST_P(CADORecordsetTest, ReadPastTheEndFails) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"无\""));
   CString name = L"x";
   EXPECT_FALSE(rs.GetFieldValue(L"Name", name));
 }
 
-TEST_F(CADORecordsetTest, FailedQueryKeepsItsReason) {
+TEST_P(CADORecordsetTest, FailedQueryKeepsItsReason) {
   CADORecordset rs(&db);
   EXPECT_FALSE(rs.Open(L"select * from NoSuchTable"));
   EXPECT_NE(rs.GetLastError().Find(L"NoSuchTable"), -1);
 }
 
-TEST_F(CADORecordsetTest, OpenOnAConnectionOfAnotherKindFails) {
+TEST_P(CADORecordsetTest, OpenOnAConnectionOfAnotherKindFails) {
   CADORecordset rs;
   EXPECT_FALSE(rs.Open(db.GetActiveConnection(), db.GetActiveAdoap(), CADODatabase::connectTypeNone,
                        L"select * from Station", 0));
@@ -223,7 +225,7 @@ TEST_F(CADORecordsetTest, OpenOnAConnectionOfAnotherKindFails) {
   EXPECT_EQ(rs.GetRecordCount(), 3u);
 }
 
-TEST_F(CADORecordsetTest, AddNewInsertsARowAndTakesItsKey) {
+TEST_P(CADORecordsetTest, AddNewInsertsARowAndTakesItsKey) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where 1=0"));
   ASSERT_TRUE(rs.AddNew());
@@ -233,42 +235,43 @@ TEST_F(CADORecordsetTest, AddNewInsertsARowAndTakesItsKey) {
   long id = 0;
   ASSERT_TRUE(rs.GetFieldValue(L"ID", id));
   EXPECT_EQ(id, 4);
-  EXPECT_EQ(QueryOne(path, "SELECT Name || '/' || Height FROM Station WHERE ID=4"), "广州/41.0");
+  EXPECT_EQ(Query("SELECT Name FROM Station WHERE ID=4"), "广州");
+  EXPECT_EQ(Query("SELECT Height FROM Station WHERE ID=4"), "41.0");
 }
 
-TEST_F(CADORecordsetTest, KeyValueSetOnANewRowIsNotWritten) {
+TEST_P(CADORecordsetTest, KeyValueSetOnANewRowIsNotWritten) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where 1=0"));
   ASSERT_TRUE(rs.AddNew());
   EXPECT_TRUE(rs.SetFieldValue(L"ID", 1L));  // would collide with 北京
   rs.SetFieldValue(L"Name", L"深圳");
   ASSERT_TRUE(rs.Update());
-  EXPECT_EQ(QueryOne(path, "SELECT count(*) FROM Station"), "4");
-  EXPECT_EQ(QueryOne(path, "SELECT Name FROM Station WHERE ID=1"), "北京");
+  EXPECT_EQ(Query("SELECT count(*) FROM Station"), "4");
+  EXPECT_EQ(Query("SELECT Name FROM Station WHERE ID=1"), "北京");
 }
 
-TEST_F(CADORecordsetTest, EditWritesTheCurrentRowOnly) {
+TEST_P(CADORecordsetTest, EditWritesTheCurrentRowOnly) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"拉萨\""));
   ASSERT_TRUE(rs.Edit());
   ASSERT_TRUE(rs.SetFieldValue(L"Height", 3650.0));
   ASSERT_TRUE(rs.Update());
-  EXPECT_EQ(QueryOne(path, "SELECT Height FROM Station WHERE Name='拉萨'"), "3650.0");
-  EXPECT_EQ(QueryOne(path, "SELECT Height FROM Station WHERE Name='北京'"), "31.3");
+  EXPECT_EQ(Query("SELECT Height FROM Station WHERE Name='拉萨'"), "3650.0");
+  EXPECT_EQ(Query("SELECT Height FROM Station WHERE Name='北京'"), "31.3");
   double height = 0;
   rs.GetFieldValue(L"Height", height);
   EXPECT_EQ(height, 3650.0);
 }
 
-TEST_F(CADORecordsetTest, SetFieldValueOnACurrentRowStartsAnEdit) {
+TEST_P(CADORecordsetTest, SetFieldValueOnACurrentRowStartsAnEdit) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"北京\""));
   ASSERT_TRUE(rs.SetFieldValue(L"Note", CString(L"首都")));
   ASSERT_TRUE(rs.Update());
-  EXPECT_EQ(QueryOne(path, "SELECT Note FROM Station WHERE Name='北京'"), "首都");
+  EXPECT_EQ(Query("SELECT Note FROM Station WHERE Name='北京'"), "首都");
 }
 
-TEST_F(CADORecordsetTest, WriteToMissingColumnFailsAndOthersAreStillWritten) {
+TEST_P(CADORecordsetTest, WriteToMissingColumnFailsAndOthersAreStillWritten) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where 1=0"));
   ASSERT_TRUE(rs.AddNew());
@@ -276,37 +279,50 @@ TEST_F(CADORecordsetTest, WriteToMissingColumnFailsAndOthersAreStillWritten) {
   EXPECT_FALSE(rs.SetFieldValue(L"NoSuchColumn", 5));
   EXPECT_TRUE(rs.SetFieldValue(L"Code", 56294));
   ASSERT_TRUE(rs.Update());
-  EXPECT_EQ(QueryOne(path, "SELECT Code FROM Station WHERE Name='成都'"), "56294");
+  EXPECT_EQ(Query("SELECT Code FROM Station WHERE Name='成都'"), "56294");
 }
 
-TEST_F(CADORecordsetTest, EachTypeIsWrittenAsItsColumnValue) {
+TEST_P(CADORecordsetTest, EachTypeIsWrittenAsItsColumnValue) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"Big\""));
   rs.SetFieldValue(L"Flag", true);
   rs.SetFieldValue(L"Code", 4000000000UL);
   rs.SetFieldValue(L"Height", -0.125);
+  unsigned long code = 4000000000UL;
+  if (!OnSQLite()) {
+    // The server's INTEGER column holds 32 bits: it refuses 4000000000, and the row is written whole
+    // or not at all. The largest unsigned long it holds goes in instead.
+    EXPECT_FALSE(rs.Update());
+    EXPECT_EQ(Query("SELECT Flag || '/' || Code FROM Station WHERE Name='Big'"), "-1/70000");
+    EXPECT_EQ(Query("SELECT Height FROM Station WHERE Name='Big'"), "2.5");
+    rs.CancelUpdate();
+    code = 2147483647UL;
+    rs.SetFieldValue(L"Flag", true);
+    rs.SetFieldValue(L"Code", code);
+    rs.SetFieldValue(L"Height", -0.125);
+  }
   ASSERT_TRUE(rs.Update());
-  EXPECT_EQ(QueryOne(path, "SELECT Flag || '/' || Code || '/' || Height FROM Station WHERE Name='Big'"),
-            "1/4000000000/-0.125");
+  EXPECT_EQ(Query("SELECT Flag || '/' || Code FROM Station WHERE Name='Big'"), "1/" + std::to_string(code));
+  EXPECT_EQ(Query("SELECT Height FROM Station WHERE Name='Big'"), "-0.125");
 }
 
-TEST_F(CADORecordsetTest, LongOutside32BitsIsRefused) {
+TEST_P(CADORecordsetTest, LongOutside32BitsIsRefused) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"Big\""));
   if (sizeof(long) == 4) GTEST_SKIP() << "long is 32 bits here";
   EXPECT_FALSE(rs.SetFieldValue(L"Code", 5000000000L));
 }
 
-TEST_F(CADORecordsetTest, CancelUpdateWritesNothing) {
+TEST_P(CADORecordsetTest, CancelUpdateWritesNothing) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"北京\""));
   rs.SetFieldValue(L"Height", 1.0);
   rs.CancelUpdate();
   EXPECT_TRUE(rs.Update());
-  EXPECT_EQ(QueryOne(path, "SELECT Height FROM Station WHERE Name='北京'"), "31.3");
+  EXPECT_EQ(Query("SELECT Height FROM Station WHERE Name='北京'"), "31.3");
 }
 
-TEST_F(CADORecordsetTest, ReadOnlyOptionRefusesWrites) {
+TEST_P(CADORecordsetTest, ReadOnlyOptionRefusesWrites) {
   CADORecordset rs(&db);
   CADOOP options;
   options.nLockType = CADOOP::lockReadOnly;
@@ -316,26 +332,26 @@ TEST_F(CADORecordsetTest, ReadOnlyOptionRefusesWrites) {
   EXPECT_FALSE(rs.SetFieldValue(L"Height", 1.0));
 }
 
-TEST_F(CADORecordsetTest, RowsOfAJoinCannotBeWrittenBack) {
+TEST_P(CADORecordsetTest, RowsOfAJoinCannotBeWrittenBack) {
   ASSERT_TRUE(db.Execute(L"insert into Other (ID, StationId) values (1, 1)"));
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select Station.ID, Station.Name, Other.StationId from Station, Other where Other.StationId=Station.ID"));
   ASSERT_EQ(rs.GetRecordCount(), 1u);
   ASSERT_TRUE(rs.SetFieldValue(L"Name", L"x"));
   EXPECT_FALSE(rs.Update());
-  EXPECT_EQ(QueryOne(path, "SELECT Name FROM Station WHERE ID=1"), "北京");
+  EXPECT_EQ(Query("SELECT Name FROM Station WHERE ID=1"), "北京");
 }
 
-TEST_F(CADORecordsetTest, EditOfADeletedRowFails) {
+TEST_P(CADORecordsetTest, EditOfADeletedRowFails) {
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"北京\""));
   ASSERT_TRUE(db.Execute(L"delete from Station where Name=\"北京\""));
   rs.SetFieldValue(L"Height", 1.0);
   EXPECT_FALSE(rs.Update());
-  EXPECT_EQ(QueryOne(path, "SELECT count(*) FROM Station"), "2");
+  EXPECT_EQ(Query("SELECT count(*) FROM Station"), "2");
 }
 
-TEST_F(CADORecordsetTest, ChineseTextRoundTripsThroughTheDatabase) {
+TEST_P(CADORecordsetTest, ChineseTextRoundTripsThroughTheDatabase) {
   const wchar_t* text = L"夏热冬冷地区·重庆市沙坪坝区 😀";
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where 1=0"));
@@ -349,7 +365,7 @@ TEST_F(CADORecordsetTest, ChineseTextRoundTripsThroughTheDatabase) {
   EXPECT_EQ(name, text);
 }
 
-TEST_F(CADORecordsetTest, HugeRealIsNoIntegerOfAnyKind) {
+TEST_P(CADORecordsetTest, HugeRealIsNoIntegerOfAnyKind) {
   ASSERT_TRUE(db.Execute(L"update Station set Height=9.3e18 where Name=\"Big\""));
   CADORecordset rs(&db);
   ASSERT_TRUE(rs.Open(L"select * from Station where Name=\"Big\""));
@@ -359,3 +375,5 @@ TEST_F(CADORecordsetTest, HugeRealIsNoIntegerOfAnyKind) {
   EXPECT_FALSE(rs.GetFieldValue(L"Height", value));
   EXPECT_EQ(value, 5);
 }
+
+QK_ON_BOTH_BACKENDS(CADORecordsetTest);
