@@ -13,11 +13,9 @@
 
 namespace {
 
-// Flag is a BIGINT so that it holds every unsigned 32-bit value on the server too, whose INTEGER has
-// 32 bits (SQLite's has 64).
 const char* kSchema =
     "CREATE TABLE Item (ID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT, Note TEXT, Count INTEGER, "
-    "Ratio REAL, Flag BIGINT);"
+    "Ratio REAL, Flag INTEGER);"
     "INSERT INTO Item (Name, Note, Count, Ratio, Flag) VALUES ('北京', NULL, 70000, 2.5, 1);"
     "INSERT INTO Item (Name, Note, Count, Ratio, Flag) VALUES ('负数', 'x', -70000, -0.25, 0);";
 
