@@ -105,10 +105,7 @@ ADataDef::ErrorCode CQKWallData::DataOutPro(CADataExchange exchange) {
 bool CQKWallData::SetNHrXsData(double value, bool bCal) {
   if (value <= 0.0) return false;
   NHrXsData = value;
-  if (bCal) {
-    Cal(1);
-    Cal(0);
-  }
+  if (bCal) CalWinterThenSummer();
   return true;
 }
 
@@ -129,20 +126,14 @@ bool CQKWallData::SetDjWHrXsData(double value, bool bCal) {
 void CQKWallData::AddTimberingData(const CQKTimberingData& layer, bool bCal) {
   m_arrTimbering.Add(layer.GetTimberData());
   m_arrTimberingName.Add(layer.GetTimberNameStruct());
-  if (bCal) {
-    Cal(1);
-    Cal(0);
-  }
+  if (bCal) CalWinterThenSummer();
 }
 
 void CQKWallData::SetTimbering(const CLxArray<CQKTimberingData>& layers, bool bCal) {
   m_arrTimbering.RemoveAll();
   m_arrTimberingName.RemoveAll();
   for (int i = 0; i < layers.GetSize(); ++i) AddTimberingData(layers[i], false);
-  if (bCal) {
-    Cal(1);
-    Cal(0);
-  }
+  if (bCal) CalWinterThenSummer();
 }
 
 CLxArray<CQKTimberingData> CQKWallData::GetTimbering() {
@@ -165,10 +156,7 @@ void CQKWallData::SetDefaultWall(bool bCal) {
   layer.SetDrXs(0.0);
   layer.SetDrXs(1.0);
   AddTimberingData(layer, true);
-  if (bCal) {
-    Cal(1);
-    Cal(0);
-  }
+  if (bCal) CalWinterThenSummer();
 }
 
 QKLoad::ErrorType CQKWallData::Cal(int mode) {
@@ -180,6 +168,11 @@ QKLoad::ErrorType CQKWallData::Cal(int mode) {
   }
   CalNCrxs();
   return QKLoad::ET_OK;
+}
+
+void CQKWallData::CalWinterThenSummer() {
+  Cal(1);
+  Cal(0);
 }
 
 void CQKWallData::CalDjCrXs() { DjCrXs = K(m_arrTimbering, DjWHrXsData, NHrXsData); }

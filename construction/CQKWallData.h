@@ -81,5 +81,7 @@ class QK_EXPORT CQKWallData : public tagQKWALLCHARACTER {
 
  private:
   void InitData();
+  // Cal(1) then Cal(0), so the inherited coefficients end with the summer values.
+  void CalWinterThenSummer();
   QKLoad::ErrorType CorrectThickness(double outside, double targetK, int& index, double& thickness) const;
 };

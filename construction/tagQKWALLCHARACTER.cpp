@@ -284,36 +284,24 @@ ADataDef::ErrorCode tagQKWALLCHARACTER::DataOutPro(CADataExchange exchange) {
 
 bool tagQKWALLCHARACTER::SetNHrXs(double value, bool bCal) {
   NHrXs = value;
-  if (bCal) {
-    nuxi();
-    RESP();
-  }
+  if (bCal) Recalculate();
   return true;
 }
 
 bool tagQKWALLCHARACTER::SetWHrXs(double value, bool bCal) {
   WHrXs = value;
-  if (bCal) {
-    nuxi();
-    RESP();
-  }
+  if (bCal) Recalculate();
   return true;
 }
 
 void tagQKWALLCHARACTER::SetTimberingData(const CQKLayerArray& layers, bool bCal) {
   m_arrTimbering = layers;
-  if (bCal) {
-    nuxi();
-    RESP();
-  }
+  if (bCal) Recalculate();
 }
 
 void tagQKWALLCHARACTER::InversionTimbering(bool bCal) {
   for (int i = 0, j = m_arrTimbering.GetSize() - 1; i < j; ++i, --j) std::swap(m_arrTimbering[i], m_arrTimbering[j]);
-  if (bCal) {
-    nuxi();
-    RESP();
-  }
+  if (bCal) Recalculate();
 }
 
 void tagQKWALLCHARACTER::ModifyAirFloorWall(CQKLayerArray& working) const {
@@ -397,6 +385,11 @@ void tagQKWALLCHARACTER::ThickEx(CQKLayerArray& layers, double targetK, double c
 }
 
 // ----- the periodic calculation -----
+
+void tagQKWALLCHARACTER::Recalculate() {
+  nuxi();
+  RESP();
+}
 
 void tagQKWALLCHARACTER::nuxi() {
   const Entries entries(m_arrTimbering, WHrXs, NHrXs);

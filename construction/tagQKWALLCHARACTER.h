@@ -66,6 +66,8 @@ struct QK_EXPORT tagQKWALLCHARACTER : public tagQKWALL {
   void nuxi();
   // Response arrays 2 to 4 (after nuxi, which it does not repeat).
   void RESP();
+  // nuxi, then RESP: what a setter asked to recalculate runs.
+  void Recalculate();
 
   CQKLayerArray m_arrTimbering;  // index 0 outside
 };

@@ -42,6 +42,21 @@ long FirstId(const wchar_t* sql, CADODatabase* db) {
   return id;
 }
 
+long FirstIdByName(const CString& table, const wchar_t* name, CADODatabase* db) {
+  CString sql;
+  sql.Format(L"select ID from %s where Name=\"%s\"", table.GetString(), name ? name : L"");
+  return FirstId(sql, db);
+}
+
+long CountKeyRows(tagDBSTRUCT& record, const wchar_t* sql, CADODatabase* db) {
+  CADORecordset rs;
+  if (!record.ExecSql(sql, &rs, db)) return -1;
+  const long rows = static_cast<long>(rs.GetRecordCount());
+  long id = record.GetID();
+  if (rows == 1 && rs.GetFieldValue(L"ID", id)) record.SetID(id);
+  return rows;
+}
+
 CString DeleteFailedText(const CString& table) {
   CString text;
   text.Format(L"删除表 \"%s\" 时出错!", table.GetString());

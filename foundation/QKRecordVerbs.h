@@ -31,8 +31,14 @@ void WriteItems(CADORecordset& rs, CAData& value);
 void ReadKey(tagDBSTRUCT& record, const wchar_t* sql, CADODatabase* db);
 
 // The "ID" of the first row of sql run straight on db's active connection: -1 when the query cannot
-// run (db null or not open, a bad table), 0 for no row. The Has… lookups of the record classes.
+// run (db null or not open, a bad table), 0 for no row.
 long FirstId(const wchar_t* sql, CADODatabase* db);
+// FirstId of "select ID from <table> where Name="<name>"": the Has… lookups of the record classes.
+long FirstIdByName(const CString& table, const wchar_t* name, CADODatabase* db);
+
+// Runs sql, a query of keys, through record (a null db is the record's own): -1 when it fails, else
+// the number of rows; with exactly one row the record takes its "ID", with several it keeps its own.
+long CountKeyRows(tagDBSTRUCT& record, const wchar_t* sql, CADODatabase* db);
 
 // The message of a failed deletion: 删除表 "<table>" 时出错!
 CString DeleteFailedText(const CString& table);

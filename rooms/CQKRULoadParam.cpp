@@ -33,12 +33,9 @@ int CQKRULoadParam::ReadDataByRUId(int ruId) {
 int CQKRULoadParam::IsExist(CADODatabase* db) {
   CString sql;
   sql.Format(L"select ID from %s where RUId=%d", GetTableName().GetString(), static_cast<int>(RUId));
-  CADORecordset rs;
-  if (!ReadRecords(sql, rs, db)) return kFailed;
-  const unsigned long rows = rs.GetRecordCount();
-  if (rows == 0) return kNone;
-  if (rows == 1) tagDBSTRUCT::GetDataFromRecordSet(rs);
-  return kFound;
+  const long rows = QKRecordVerbs::CountKeyRows(*this, sql, db);
+  if (rows < 0) return kFailed;
+  return rows == 0 ? kNone : kFound;
 }
 
 int CQKRULoadParam::AddOrUpdate(CADODatabase* db) {
@@ -54,7 +51,5 @@ int CQKRULoadParam::AddOrUpdate(CADODatabase* db) {
 }
 
 int CQKRULoadParam::HasRULoadParam(const wchar_t* name, CADODatabase* db) {
-  CString sql;
-  sql.Format(L"select ID from %s where Name=\"%s\"", s_m_strTableName.GetString(), name ? name : L"");
-  return static_cast<int>(QKRecordVerbs::FirstId(sql, db ? db : m_pADODatabase));
+  return static_cast<int>(QKRecordVerbs::FirstIdByName(s_m_strTableName, name, db ? db : m_pADODatabase));
 }

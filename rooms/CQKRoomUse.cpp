@@ -46,9 +46,7 @@ int CQKRoomUse::UpdateData(long id, CADODatabase* db) {
 int CQKRoomUse::UpdateData(const wchar_t*, CADODatabase*) { return 1; }
 
 int CQKRoomUse::HasRoomUse(const wchar_t* name, CADODatabase* db) {
-  CString sql;
-  sql.Format(L"select ID from %s where Name=\"%s\"", s_m_strTableName.GetString(), name ? name : L"");
-  return static_cast<int>(QKRecordVerbs::FirstId(sql, db ? db : m_pADODatabase));
+  return static_cast<int>(QKRecordVerbs::FirstIdByName(s_m_strTableName, name, db ? db : m_pADODatabase));
 }
 
 void CQKRoomUse::UpdateRoomUseTableData(CADODatabase*, CADODatabase*) {}

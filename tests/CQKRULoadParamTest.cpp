@@ -8,13 +8,13 @@
 #include <vector>
 
 #include "BackendDatabase.h"
+#include "MessageCapture.h"
 #include "GeographyFixture.h"
 #include "TestDatabase.h"
 #include "foundation/QKLoad.h"
 #include "mfc/CString.h"
 #include "rooms/CQKRULoadParam.h"
 #include "tablekit/CADODatabase.h"
-#include "tablekit/RvAfxMessageBox.h"
 
 using namespace QKLoad;
 
@@ -72,20 +72,14 @@ class CQKRULoadParamTest : public BackendFixture {
     BackendFixture::SetUp();
     if (IsSkipped() || HasFatalFailure()) return;
     CQKRULoadParam::S_Init(path, L"RULoadParam");
-    previousHandler = SetRvAfxMessageBoxHandler([this](const wchar_t* text, unsigned int, HWND) {
-      messages.emplace_back(text);
-      return IDOK;
-    });
   }
   void TearDown() override {
-    SetRvAfxMessageBoxHandler(previousHandler);
     ForgetClassTable<CQKRULoadParam>();
   }
 
   std::string RowCount() const { return Query("select count(*) from RULoadParam"); }
 
-  std::vector<std::wstring> messages;
-  RvMessageBoxHandler previousHandler;
+  MessageCapture capture;  // a test can tell that no message was shown
 };
 
 }  // namespace
@@ -275,7 +269,7 @@ TEST_P(CQKRULoadParamTest, AFailedAddOrUpdateShowsNoMessage) {
 
   p.AddOrUpdate(&db);
 
-  EXPECT_TRUE(messages.empty());
+  EXPECT_TRUE(capture.shown.empty());
 }
 
 TEST_P(CQKRULoadParamTest, AddOrUpdateOfANewRoomUseOnAReadOnlyDatabaseReturnsOne) {

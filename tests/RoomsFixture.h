@@ -14,7 +14,7 @@
 #include "rooms/CQKRoomType.h"
 #include "rooms/CQKRoomUse.h"
 #include "tablekit/CADODatabase.h"
-#include "tablekit/RvAfxMessageBox.h"
+#include "MessageCapture.h"
 
 class RoomsFixture : public BackendFixture {
  protected:
@@ -24,18 +24,13 @@ class RoomsFixture : public BackendFixture {
     CQKRoomType::S_Init(path, L"RoomType");
     CQKRoomUse::S_Init(path, L"RoomUse");
     CQKRULoadParam::S_Init(path, L"RULoadParam");
-    previousHandler = SetRvAfxMessageBoxHandler([this](const wchar_t* text, unsigned int style, HWND) {
-      messages.emplace_back(CString(text), style);
-      return IDOK;
-    });
   }
   void TearDown() override {
-    SetRvAfxMessageBoxHandler(previousHandler);
     ForgetClassTable<CQKRoomType>();
     ForgetClassTable<CQKRoomUse>();
     ForgetClassTable<CQKRULoadParam>();
   }
 
-  RvMessageBoxHandler previousHandler;
-  std::vector<std::pair<CString, unsigned int>> messages;
+  MessageCapture capture;
+  const std::vector<std::pair<CString, unsigned int>>& messages = capture.shown;
 };

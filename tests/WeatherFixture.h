@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "GeographyFixture.h"
-#include "tablekit/RvAfxMessageBox.h"
+#include "MessageCapture.h"
 #include "weather/CQKWeather.h"
 
 class WeatherFixture : public GeographyFixture {
@@ -17,13 +17,8 @@ class WeatherFixture : public GeographyFixture {
     GeographyFixture::SetUp();
     if (IsSkipped() || HasFatalFailure()) return;
     CQKWeather::S_Init(path, L"Weather");
-    previousHandler = SetRvAfxMessageBoxHandler([this](const wchar_t* text, unsigned int style, HWND) {
-      messages.emplace_back(CString(text), style);
-      return IDOK;
-    });
   }
   void TearDown() override {
-    SetRvAfxMessageBoxHandler(previousHandler);
     ForgetClassTable<CQKWeather>();
     GeographyFixture::TearDown();
   }
@@ -43,6 +38,6 @@ class WeatherFixture : public GeographyFixture {
     return text;
   }
 
-  RvMessageBoxHandler previousHandler;
-  std::vector<std::pair<CString, unsigned int>> messages;
+  MessageCapture capture;
+  const std::vector<std::pair<CString, unsigned int>>& messages = capture.shown;
 };

@@ -1,7 +1,6 @@
 #include "weather/CQKWeather.h"
 
 #include "foundation/QKRecordVerbs.h"
-#include "tablekit/CADORecordset.h"
 
 QK_IMPLEMENT_RECORD_TABLE(CQKWeather, CQKWeatherData)
 
@@ -10,12 +9,9 @@ CQKWeather::CQKWeather(int aux) { Aux2 = aux; }
 QKLoad::DBStatusCode CQKWeather::IsExist(CADODatabase* db) {
   CString sql;
   sql.Format(L"select ID from %s where CId=%d", GetTableName().GetString(), static_cast<int>(CId));
-  CADORecordset rs;
-  if (!ReadRecords(sql, rs, db)) return QKLoad::DBS_ERROR;
-  const unsigned long rows = rs.GetRecordCount();
-  if (rows == 0) return QKLoad::DBS_NOTEXIST;
-  if (rows == 1) tagDBSTRUCT::GetDataFromRecordSet(rs);
-  return QKLoad::DBS_EXIST;
+  const long rows = QKRecordVerbs::CountKeyRows(*this, sql, db);
+  if (rows < 0) return QKLoad::DBS_ERROR;
+  return rows == 0 ? QKLoad::DBS_NOTEXIST : QKLoad::DBS_EXIST;
 }
 
 QKLoad::DBStatusCode CQKWeather::AddIfNotExist(CADODatabase* db, int bUpdate) {

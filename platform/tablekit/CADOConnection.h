@@ -24,6 +24,17 @@ struct ResultSet {
 
 using ColumnValues = std::vector<std::pair<std::string, FieldValue>>;  // UTF-8 column name, value
 
+// name as a standard quoted identifier, "name", with a quote inside doubled: how the backends name
+// the tables and columns of the row writes they build themselves.
+inline std::string QuoteIdentifier(const std::string& name) {
+  std::string out = "\"";
+  for (char c : name) {
+    if (c == '"') out.push_back('"');
+    out.push_back(c);
+  }
+  return out + "\"";
+}
+
 }  // namespace tablekit
 
 class CADOConnection {

@@ -28,19 +28,11 @@ struct Result {
   ~Result() { PQclear(res); }
 };
 
-bool Fail(PGconn* conn, std::string& error) {
-  error = PQerrorMessage(conn);
+// The server's message without the line break libpq ends it with; false, for the caller to return.
+bool Fail(const char* message, std::string& error) {
+  error = message;
   while (!error.empty() && (error.back() == '\n' || error.back() == ' ')) error.pop_back();
   return false;
-}
-
-std::string QuoteName(const std::string& name) {
-  std::string out = "\"";
-  for (char c : name) {
-    if (c == '"') out.push_back('"');
-    out.push_back(c);
-  }
-  return out + "\"";
 }
 
 // Bound values in the text format (a blob in binary), with their types: the server converts them to
@@ -92,9 +84,7 @@ bool Run(PGconn* conn, const std::string& sql, Parameters* params, Result& resul
                             params ? params->formats.data() : nullptr, 0);
   const ExecStatusType status = PQresultStatus(result.res);
   if (status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK) return true;
-  error = result.res ? PQresultErrorMessage(result.res) : PQerrorMessage(conn);
-  while (!error.empty() && (error.back() == '\n' || error.back() == ' ')) error.pop_back();
-  return false;
+  return Fail(result.res ? PQresultErrorMessage(result.res) : PQerrorMessage(conn), error);
 }
 
 FieldValue ReadValue(const PGresult* res, int row, int column) {
@@ -145,7 +135,7 @@ std::unique_ptr<PgConnection> PgConnection::Open(const std::string& uri, const s
     return nullptr;
   }
   if (PQstatus(conn) != CONNECTION_OK) {
-    Fail(conn, error);
+    Fail(PQerrorMessage(conn), error);
     return nullptr;
   }
   return connection;
@@ -201,14 +191,14 @@ bool PgConnection::Execute(const std::string& sql, std::string& error) {
 
 bool PgConnection::InsertRow(const std::string& table, const ColumnValues& values, long long& newKey,
                              std::string& error) {
-  std::string sql = "INSERT INTO " + QuoteName(table);
+  std::string sql = "INSERT INTO " + QuoteIdentifier(table);
   Parameters p;
   if (values.empty()) {
     sql += " DEFAULT VALUES";
   } else {
     std::string names, marks;
     for (const auto& [name, value] : values) {
-      names += (names.empty() ? "" : ", ") + QuoteName(name);
+      names += (names.empty() ? "" : ", ") + QuoteIdentifier(name);
       p.Add(value);
       marks += (marks.empty() ? "$" : ", $") + std::to_string(p.Count());
     }
@@ -228,10 +218,10 @@ bool PgConnection::UpdateRow(const std::string& table, const std::string& keyCol
   std::string sets;
   for (const auto& [name, value] : values) {
     p.Add(value);
-    sets += (sets.empty() ? "" : ", ") + QuoteName(name) + " = $" + std::to_string(p.Count());
+    sets += (sets.empty() ? "" : ", ") + QuoteIdentifier(name) + " = $" + std::to_string(p.Count());
   }
   p.Add(FieldValue::Int(key));
-  const std::string sql = "UPDATE " + QuoteName(table) + " SET " + sets + " WHERE " + QuoteName(keyColumn) +
+  const std::string sql = "UPDATE " + QuoteIdentifier(table) + " SET " + sets + " WHERE " + QuoteIdentifier(keyColumn) +
                           " = $" + std::to_string(p.Count());
   Result r;
   if (!Run(m_conn, sql, &p, r, error)) return false;

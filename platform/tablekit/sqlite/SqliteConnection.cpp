@@ -60,15 +60,6 @@ bool Bind(sqlite3* db, sqlite3_stmt* st, int index, const FieldValue& v, std::st
   return rc == SQLITE_OK || Fail(db, error);
 }
 
-std::string QuoteName(const std::string& name) {
-  std::string out = "\"";
-  for (char c : name) {
-    if (c == '"') out.push_back('"');
-    out.push_back(c);
-  }
-  return out + "\"";
-}
-
 FieldValue ReadColumn(sqlite3_stmt* st, int i) {
   FieldValue v;
   switch (sqlite3_column_type(st, i)) {
@@ -159,13 +150,13 @@ bool SqliteConnection::Execute(const std::string& sql, std::string& error) {
 
 bool SqliteConnection::InsertRow(const std::string& table, const ColumnValues& values, long long& newKey,
                                  std::string& error) {
-  std::string sql = "INSERT INTO " + QuoteName(table);
+  std::string sql = "INSERT INTO " + QuoteIdentifier(table);
   if (values.empty()) {
     sql += " DEFAULT VALUES";
   } else {
     std::string names, marks;
     for (const auto& [name, value] : values) {
-      names += (names.empty() ? "" : ", ") + QuoteName(name);
+      names += (names.empty() ? "" : ", ") + QuoteIdentifier(name);
       marks += marks.empty() ? "?" : ", ?";
     }
     sql += " (" + names + ") VALUES (" + marks + ")";
@@ -184,8 +175,8 @@ bool SqliteConnection::UpdateRow(const std::string& table, const std::string& ke
                                  const ColumnValues& values, std::string& error) {
   if (values.empty()) return true;
   std::string sets;
-  for (const auto& [name, value] : values) sets += (sets.empty() ? "" : ", ") + QuoteName(name) + " = ?";
-  std::string sql = "UPDATE " + QuoteName(table) + " SET " + sets + " WHERE " + QuoteName(keyColumn) + " = ?";
+  for (const auto& [name, value] : values) sets += (sets.empty() ? "" : ", ") + QuoteIdentifier(name) + " = ?";
+  std::string sql = "UPDATE " + QuoteIdentifier(table) + " SET " + sets + " WHERE " + QuoteIdentifier(keyColumn) + " = ?";
   Statement st;
   if (!Prepare(m_db, sql, st, error)) return false;
   int index = 1;
