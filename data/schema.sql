@@ -160,3 +160,78 @@ CREATE TABLE RULoadParam (
   ShenTouL       REAL
 );
 CREATE INDEX RULoadParamRoomUse ON RULoadParam (RUId);
+
+-- Constructions: construction types, then constructions (TTId = ID of its construction type). A
+-- construction row is a material: the columns are the material's named items, each defaulting to the
+-- material's own default, so a row written with a name alone reads back as a default material.
+-- Units: GMD kg/m³, DrXs W/(m·K), BRr kJ/(kg·K); the optical values are fractions.
+CREATE TABLE TimberingType (
+  ID   INTEGER PRIMARY KEY AUTOINCREMENT,
+  Name TEXT NOT NULL DEFAULT '' COLLATE NOCASE
+);
+CREATE INDEX TimberingTypeName ON TimberingType (Name);
+
+CREATE TABLE Timbering (
+  ID             INTEGER PRIMARY KEY AUTOINCREMENT,
+  TTId           INTEGER NOT NULL DEFAULT 0,
+  Name           TEXT NOT NULL DEFAULT '' COLLATE NOCASE,
+  GMD            REAL NOT NULL DEFAULT 0,
+  DrXs           REAL NOT NULL DEFAULT 0,
+  BRr            REAL NOT NULL DEFAULT 0,
+  Roughness      INTEGER NOT NULL DEFAULT 0,
+  TheAbs         REAL NOT NULL DEFAULT 0.8,
+  SolAbs         REAL NOT NULL DEFAULT 0.8,
+  VisAbs         REAL NOT NULL DEFAULT 0.8,
+  SolarT         REAL NOT NULL DEFAULT 0.85,
+  SolarRFront    REAL NOT NULL DEFAULT 0.075,
+  SolarRBack     REAL NOT NULL DEFAULT 0.075,
+  VisibleT       REAL NOT NULL DEFAULT 0.901,
+  VisibleRFront  REAL NOT NULL DEFAULT 0.081,
+  VisibleRBack   REAL NOT NULL DEFAULT 0.081,
+  InfraredT      REAL NOT NULL DEFAULT 0,
+  InfraredEFront REAL NOT NULL DEFAULT 0.84,
+  InfraredEBack  REAL NOT NULL DEFAULT 0.84
+);
+CREATE INDEX TimberingTypeId ON Timbering (TTId);
+CREATE INDEX TimberingName ON Timbering (Name);
+
+-- Envelope catalogue: categories (listed by OrderId), then types (BSDLId = ID of its category), then
+-- codes (BSTId = ID of its type), then the bounding structure of each code (BSCId = ID of its code).
+-- Type and code names are unique in the whole catalogue (the records look them up by name alone) and
+-- name the demonstration pictures, so they must be usable as file names.
+CREATE TABLE BSCategory (
+  ID      INTEGER PRIMARY KEY AUTOINCREMENT,
+  Name    TEXT NOT NULL DEFAULT '' COLLATE NOCASE,
+  OrderId INTEGER NOT NULL DEFAULT 0
+);
+
+CREATE TABLE BSType (
+  ID     INTEGER PRIMARY KEY AUTOINCREMENT,
+  Name   TEXT NOT NULL DEFAULT '' COLLATE NOCASE,
+  BSDLId INTEGER NOT NULL DEFAULT 0
+);
+CREATE INDEX BSTypeName ON BSType (Name);
+
+CREATE TABLE BSCode (
+  ID    INTEGER PRIMARY KEY AUTOINCREMENT,
+  BSTId INTEGER NOT NULL DEFAULT 0,
+  Name  TEXT NOT NULL DEFAULT '' COLLATE NOCASE
+);
+CREATE INDEX BSCodeTypeId ON BSCode (BSTId);
+CREATE INDEX BSCodeName ON BSCode (Name);
+
+-- The layers of a code, outside to inside, as comma-separated lists without blanks: TIdS the IDs of
+-- the constructions, HouDuS the thicknesses in mm, XzXsS the correction factors of the conductivity
+-- (for example '12,7,40', '20,240,20', '1,1,1'). The name of this table is fixed: the usage test that
+-- guards the deletion of a construction names it. "TId" is not moved by the record; only the lookup
+-- HasBoundingStructure asks for it.
+CREATE TABLE BoundingStructure (
+  ID          INTEGER PRIMARY KEY AUTOINCREMENT,
+  BSCId       INTEGER NOT NULL DEFAULT 0,
+  TIdS        TEXT NOT NULL DEFAULT '',
+  HouDuS      TEXT NOT NULL DEFAULT '',
+  XzXsS       TEXT NOT NULL DEFAULT '',
+  HaveDemoBMP INTEGER NOT NULL DEFAULT 0,
+  TId         INTEGER NOT NULL DEFAULT 0
+);
+CREATE INDEX BoundingStructureCode ON BoundingStructure (BSCId);

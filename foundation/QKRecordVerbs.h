@@ -5,7 +5,8 @@
 //
 // QK_IMPLEMENT_RECORD_TABLE(Record, Value) defines what QK_DECLARE_RECORD_TABLE (QKRecordTable.h)
 // declares: the class-wide members, S_Init, the connection and table getters, and the row moved
-// through Value's named items.
+// through Value's named items. A record that moves its row in its own way uses
+// QK_IMPLEMENT_RECORD_TABLE_BASICS(Record), everything but the two row movers, and writes those.
 
 #include "datakit/CAData.h"
 #include "foundation/QKLoad.h"
@@ -93,7 +94,7 @@ QKLoad::DBStatusCode UpdateIfNoOther(Record& self, Record probe, CADODatabase* d
 
 }  // namespace QKRecordVerbs
 
-#define QK_IMPLEMENT_RECORD_TABLE(Record, Value)                                                     \
+#define QK_IMPLEMENT_RECORD_TABLE_BASICS(Record)                                                \
   CString Record::s_m_strDataBasePath;                                                          \
   CString Record::s_m_strTableName;                                                             \
   CADODatabase* Record::m_pADODatabase = nullptr;                                               \
@@ -107,7 +108,10 @@ QKLoad::DBStatusCode UpdateIfNoOther(Record& self, Record probe, CADODatabase* d
   }                                                                                             \
   CString Record::GetTableName() { return s_m_strTableName; }                                   \
   CString Record::GetDataBasePath() { return s_m_strDataBasePath; }                              \
-  int Record::MakeObjectFromRS(CADORecordset& rs) { return GetDataFromRecordSet(rs); }          \
+  int Record::MakeObjectFromRS(CADORecordset& rs) { return GetDataFromRecordSet(rs); }
+
+#define QK_IMPLEMENT_RECORD_TABLE(Record, Value)                                                \
+  QK_IMPLEMENT_RECORD_TABLE_BASICS(Record)                                                      \
   int Record::GetDataFromRecordSet(CADORecordset& rs) {                                         \
     if (!tagDBSTRUCT::GetDataFromRecordSet(rs)) return 0;                                       \
     QKRecordVerbs::ReadItems(rs, static_cast<Value&>(*this));                                   \
