@@ -3,12 +3,8 @@
 #include "foundation/QKRecordVerbs.h"
 
 QK_IMPLEMENT_RECORD_TABLE(CQKTimbering, CQKTimbering)
-
-CQKTimbering CQKTimbering::KeyProbe() const {
-  CQKTimbering probe;
-  probe.StuffName = StuffName;
-  return probe;
-}
+// The doubled blank before Name is how this query has always read; it changes nothing.
+QK_IMPLEMENT_VERBS_BY_NAME(CQKTimbering, StuffName, L"select * from %s where  Name=\"%s\"")
 
 void CQKTimbering::Init() { CQKMateralData::Init(); }
 
@@ -35,21 +31,6 @@ ADataDef::ErrorCode CQKTimbering::DataOutPro(CADataExchange exchange) {
   CQKMateralData::DataOutPro(exchange);
   exchange.WriteItem(L"TTId", TTId);
   return ADataDef::AD_OK;
-}
-
-QKLoad::DBStatusCode CQKTimbering::IsExist(CADODatabase* db) {
-  CString sql;
-  // The doubled blank before Name is how this query has always read; it changes nothing.
-  sql.Format(L"select * from %s where  Name=\"%s\"", GetTableName().GetString(), StuffName.GetString());
-  return QKRecordVerbs::LoadFirst(*this, sql, db);
-}
-
-QKLoad::DBStatusCode CQKTimbering::AddIfNotExist(CADODatabase* db, int bTakeExisting) {
-  return QKRecordVerbs::AddIfNotExist(*this, KeyProbe(), db, bTakeExisting);
-}
-
-QKLoad::DBStatusCode CQKTimbering::UpdateIfNoOther(CADODatabase* db, int bTakeOther) {
-  return QKRecordVerbs::UpdateIfNoOther(*this, KeyProbe(), db, bTakeOther);
 }
 
 int CQKTimbering::HasTimbering(const wchar_t* name, CADODatabase* db) {

@@ -34,13 +34,7 @@ class QK_EXPORT CQKTimbering : public CQKMateralData, public tagDBSTRUCT {
   ADataDef::ErrorCode DataInPro(CADataExchange exchange) override;
   ADataDef::ErrorCode DataOutPro(CADataExchange exchange) override;
 
-  // Looks the name up: DBS_EXIST (this record becomes the first matching row, its ID included),
-  // DBS_NOTEXIST, DBS_ERROR.
-  QKLoad::DBStatusCode IsExist(CADODatabase* db);
-  // DBS_ADDED, DBS_EXIST (taken when bTakeExisting is nonzero), DBS_ERROR.
-  QKLoad::DBStatusCode AddIfNotExist(CADODatabase* db, int bTakeExisting);
-  // DBS_UPDATED, DBS_EXIST when another row holds the name, DBS_ERROR.
-  QKLoad::DBStatusCode UpdateIfNoOther(CADODatabase* db, int bTakeOther);
+  QK_DECLARE_VERBS_BY_NAME(CQKTimbering)
 
   // The ID of the first construction named name: 0 when there is none, -1 when the query cannot run.
   // A null db is the class-wide connection as it stands: it is not opened here.
@@ -50,7 +44,4 @@ class QK_EXPORT CQKTimbering : public CQKMateralData, public tagDBSTRUCT {
 
   // The construction type; 0 until set or read (Init leaves it alone).
   int TTId = 0;
-
- private:
-  CQKTimbering KeyProbe() const;
 };

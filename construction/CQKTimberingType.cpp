@@ -3,30 +3,11 @@
 #include "foundation/QKRecordVerbs.h"
 
 QK_IMPLEMENT_RECORD_TABLE(CQKTimberingType, CQKNamedData)
-
-CQKTimberingType CQKTimberingType::KeyProbe() const {
-  CQKTimberingType probe;
-  probe.Name = Name;
-  return probe;
-}
+QK_IMPLEMENT_VERBS_BY_NAME(CQKTimberingType, Name, L"select * from %s where Name=\"%s\"")
 
 void CQKTimberingType::Init() {
   ID = 0;
   CQKNamedData::Init();
-}
-
-QKLoad::DBStatusCode CQKTimberingType::IsExist(CADODatabase* db) {
-  CString sql;
-  sql.Format(L"select * from %s where Name=\"%s\"", GetTableName().GetString(), Name.GetString());
-  return QKRecordVerbs::LoadFirst(*this, sql, db);
-}
-
-QKLoad::DBStatusCode CQKTimberingType::AddIfNotExist(CADODatabase* db, int bTakeExisting) {
-  return QKRecordVerbs::AddIfNotExist(*this, KeyProbe(), db, bTakeExisting);
-}
-
-QKLoad::DBStatusCode CQKTimberingType::UpdateIfNoOther(CADODatabase* db, int bTakeOther) {
-  return QKRecordVerbs::UpdateIfNoOther(*this, KeyProbe(), db, bTakeOther);
 }
 
 int CQKTimberingType::HasTimberingType(const wchar_t* name, CADODatabase* db) {

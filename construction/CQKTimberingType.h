@@ -22,20 +22,11 @@ class QK_EXPORT CQKTimberingType : public tagDBSTRUCT, public CQKNamedData {
   // ID 0, Name "".
   void Init() override;
 
-  // Looks the name up: DBS_EXIST (this record becomes the first matching row, its ID included),
-  // DBS_NOTEXIST, DBS_ERROR.
-  QKLoad::DBStatusCode IsExist(CADODatabase* db);
-  // DBS_ADDED, DBS_EXIST (taken when bTakeExisting is nonzero), DBS_ERROR.
-  QKLoad::DBStatusCode AddIfNotExist(CADODatabase* db, int bTakeExisting);
-  // DBS_UPDATED, DBS_EXIST when another row holds the name, DBS_ERROR.
-  QKLoad::DBStatusCode UpdateIfNoOther(CADODatabase* db, int bTakeOther);
+  QK_DECLARE_VERBS_BY_NAME(CQKTimberingType)
 
   // The ID of the first construction type named name: 0 when there is none, -1 when the query cannot
   // run. A null db is the class-wide connection as it stands: it is not opened here.
   static int HasTimberingType(const wchar_t* name, CADODatabase* db);
   // Does nothing, whatever it is given; kept as an entry point for hosts.
   static void UpdateTimberingTypeTableData(CADODatabase* from, CADODatabase* to);
-
- private:
-  CQKTimberingType KeyProbe() const;
 };

@@ -3,12 +3,7 @@
 #include "foundation/QKRecordVerbs.h"
 
 QK_IMPLEMENT_RECORD_TABLE(CQKBSCode, CQKNamedData)
-
-CQKBSCode CQKBSCode::KeyProbe() const {
-  CQKBSCode probe;
-  probe.Name = Name;
-  return probe;
-}
+QK_IMPLEMENT_VERBS_BY_NAME(CQKBSCode, Name, L"select * from %s where Name=\"%s\"")
 
 void CQKBSCode::Init() {
   ID = 0;
@@ -38,20 +33,6 @@ ADataDef::ErrorCode CQKBSCode::DataOutPro(CADataExchange exchange) {
   CQKNamedData::DataOutPro(exchange);
   exchange.WriteItem(L"BSTId", BSTId);
   return ADataDef::AD_OK;
-}
-
-QKLoad::DBStatusCode CQKBSCode::IsExist(CADODatabase* db) {
-  CString sql;
-  sql.Format(L"select * from %s where Name=\"%s\"", GetTableName().GetString(), Name.GetString());
-  return QKRecordVerbs::LoadFirst(*this, sql, db);
-}
-
-QKLoad::DBStatusCode CQKBSCode::AddIfNotExist(CADODatabase* db, int bTakeExisting) {
-  return QKRecordVerbs::AddIfNotExist(*this, KeyProbe(), db, bTakeExisting);
-}
-
-QKLoad::DBStatusCode CQKBSCode::UpdateIfNoOther(CADODatabase* db, int bTakeOther) {
-  return QKRecordVerbs::UpdateIfNoOther(*this, KeyProbe(), db, bTakeOther);
 }
 
 int CQKBSCode::HasBSCode(const wchar_t* name, CADODatabase* db) {

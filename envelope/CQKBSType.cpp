@@ -3,12 +3,7 @@
 #include "foundation/QKRecordVerbs.h"
 
 QK_IMPLEMENT_RECORD_TABLE(CQKBSType, CQKNamedData)
-
-CQKBSType CQKBSType::KeyProbe() const {
-  CQKBSType probe;
-  probe.Name = Name;
-  return probe;
-}
+QK_IMPLEMENT_VERBS_BY_NAME(CQKBSType, Name, L"select * from %s where Name=\"%s\"")
 
 void CQKBSType::Init() {
   ID = 0;
@@ -40,16 +35,3 @@ ADataDef::ErrorCode CQKBSType::DataOutPro(CADataExchange exchange) {
   return ADataDef::AD_OK;
 }
 
-QKLoad::DBStatusCode CQKBSType::IsExist(CADODatabase* db) {
-  CString sql;
-  sql.Format(L"select * from %s where Name=\"%s\"", GetTableName().GetString(), Name.GetString());
-  return QKRecordVerbs::LoadFirst(*this, sql, db);
-}
-
-QKLoad::DBStatusCode CQKBSType::AddIfNotExist(CADODatabase* db, int bTakeExisting) {
-  return QKRecordVerbs::AddIfNotExist(*this, KeyProbe(), db, bTakeExisting);
-}
-
-QKLoad::DBStatusCode CQKBSType::UpdateIfNoOther(CADODatabase* db, int bTakeOther) {
-  return QKRecordVerbs::UpdateIfNoOther(*this, KeyProbe(), db, bTakeOther);
-}

@@ -32,16 +32,7 @@ class QK_EXPORT CQKBSType : public tagDBSTRUCT, public CQKNamedData {
   ADataDef::ErrorCode DataInPro(CADataExchange exchange) override;
   ADataDef::ErrorCode DataOutPro(CADataExchange exchange) override;
 
-  // Looks the name up: DBS_EXIST (this record becomes the first matching row, its ID included),
-  // DBS_NOTEXIST, DBS_ERROR.
-  QKLoad::DBStatusCode IsExist(CADODatabase* db);
-  // DBS_ADDED, DBS_EXIST (taken when bTakeExisting is nonzero), DBS_ERROR.
-  QKLoad::DBStatusCode AddIfNotExist(CADODatabase* db, int bTakeExisting);
-  // DBS_UPDATED, DBS_EXIST when another row holds the name, DBS_ERROR.
-  QKLoad::DBStatusCode UpdateIfNoOther(CADODatabase* db, int bTakeOther);
+  QK_DECLARE_VERBS_BY_NAME(CQKBSType)
 
   int BSDLId = 0;  // the category's ID
-
- private:
-  CQKBSType KeyProbe() const;
 };

@@ -36,3 +36,28 @@ class CADORecordset;
   int SetDataToRecordSet(CADORecordset& rs) override;                                    \
                                                                                          \
  public:
+
+// QK_DECLARE_VERBS_BY_NAME(Record): the verbs of a record whose natural key is its name alone, over
+// the whole table. Put it in the public section. It declares:
+//
+//   IsExist(db)       looks the name up: DBS_EXIST (this record becomes the first matching row, its
+//                     ID included), DBS_NOTEXIST, DBS_ERROR (a failed query)
+//   AddIfNotExist(db, bTakeExisting)   DBS_ADDED (the new ID taken), DBS_EXIST (the stored row
+//                     becomes this record when bTakeExisting is nonzero), DBS_ERROR
+//   UpdateIfNoOther(db, bTakeOther)    DBS_UPDATED (a name no row holds is a rename in place),
+//                     DBS_EXIST when another row holds the name (nothing written; that row becomes
+//                     this record when bTakeOther is nonzero), DBS_ERROR
+//
+// A null db is the record's own connection. Names go into the SQL between double quotes without
+// escaping: a name holding a double quote fails its query and writes nothing.
+
+#define QK_DECLARE_VERBS_BY_NAME(Record)                                          \
+  QKLoad::DBStatusCode IsExist(CADODatabase* db);                                 \
+  QKLoad::DBStatusCode AddIfNotExist(CADODatabase* db, int bTakeExisting);        \
+  QKLoad::DBStatusCode UpdateIfNoOther(CADODatabase* db, int bTakeOther);         \
+                                                                                  \
+ private:                                                                         \
+  /* A fresh record holding only this one's name, for the lookups of the verbs. */ \
+  Record KeyProbe() const;                                                        \
+                                                                                  \
+ public:

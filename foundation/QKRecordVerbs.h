@@ -122,3 +122,25 @@ QKLoad::DBStatusCode UpdateIfNoOther(Record& self, Record probe, CADODatabase* d
     QKRecordVerbs::WriteItems(rs, static_cast<Value&>(*this));                                  \
     return 1;                                                                                   \
   }
+
+// QK_IMPLEMENT_VERBS_BY_NAME(Record, nameField, isExistFormat) defines the verbs of a record whose
+// natural key is its name alone: KeyProbe (a fresh record holding only the name), IsExist (the
+// record's query isExistFormat, formatted with the table and the name, loading the first row),
+// AddIfNotExist and UpdateIfNoOther.
+#define QK_IMPLEMENT_VERBS_BY_NAME(Record, nameField, isExistFormat)                               \
+  Record Record::KeyProbe() const {                                                             \
+    Record probe;                                                                               \
+    probe.nameField = nameField;                                                                \
+    return probe;                                                                               \
+  }                                                                                             \
+  QKLoad::DBStatusCode Record::IsExist(CADODatabase* db) {                                      \
+    CString sql;                                                                                \
+    sql.Format(isExistFormat, GetTableName().GetString(), nameField.GetString());               \
+    return QKRecordVerbs::LoadFirst(*this, sql, db);                                            \
+  }                                                                                             \
+  QKLoad::DBStatusCode Record::AddIfNotExist(CADODatabase* db, int bTakeExisting) {             \
+    return QKRecordVerbs::AddIfNotExist(*this, KeyProbe(), db, bTakeExisting);                  \
+  }                                                                                             \
+  QKLoad::DBStatusCode Record::UpdateIfNoOther(CADODatabase* db, int bTakeOther) {              \
+    return QKRecordVerbs::UpdateIfNoOther(*this, KeyProbe(), db, bTakeOther);                   \
+  }
