@@ -9,7 +9,8 @@
 // double quotes without escaping: a name holding a double quote fails its query and writes nothing.
 // Not safe for concurrent use.
 //
-// Stream: the material's stream, then TTId. Named items: the material's, then "TTId".
+// Stream: the material's stream, then TTId. Named items: the material's, then "TTId". Copy and Clone
+// are the material's: they carry the material part only, not the key nor TTId.
 
 #include "QKExport.h"
 #include "envelope/CQKMateralData.h"
