@@ -39,8 +39,10 @@ ADataDef::ErrorCode CQKTimbering::DataOutPro(CADataExchange exchange) {
 
 QKLoad::DBStatusCode CQKTimbering::IsExist(CADODatabase* db) {
   CString sql;
-  // The doubled blank before Name is how this query has always read; it changes nothing.
-  sql.Format(L"select * from %s where  Name=\"%s\"", GetTableName().GetString(), StuffName.GetString());
+  // The doubled blank before Name is how this query has always read; it changes nothing. The class
+  // table, not the virtual GetTableName: a subclass that redirects its row operations still looks
+  // the name up where the catalogue keeps its constructions.
+  sql.Format(L"select * from %s where  Name=\"%s\"", s_m_strTableName.GetString(), StuffName.GetString());
   return QKRecordVerbs::LoadFirst(*this, sql, db);
 }
 

@@ -34,7 +34,8 @@ class QK_EXPORT CQKTimbering : public CQKMateralData, public tagDBSTRUCT {
   ADataDef::ErrorCode DataInPro(CADataExchange exchange) override;
   ADataDef::ErrorCode DataOutPro(CADataExchange exchange) override;
 
-  // Looks the name up: DBS_EXIST (this record becomes the first matching row, its ID included),
+  // Looks the name up in the class table (s_m_strTableName, whatever a subclass's GetTableName
+  // says): DBS_EXIST (this record becomes the first matching row, its ID included),
   // DBS_NOTEXIST, DBS_ERROR.
   QKLoad::DBStatusCode IsExist(CADODatabase* db);
   // DBS_ADDED, DBS_EXIST (taken when bTakeExisting is nonzero), DBS_ERROR.

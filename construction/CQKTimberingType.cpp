@@ -17,7 +17,8 @@ void CQKTimberingType::Init() {
 
 QKLoad::DBStatusCode CQKTimberingType::IsExist(CADODatabase* db) {
   CString sql;
-  sql.Format(L"select * from %s where Name=\"%s\"", GetTableName().GetString(), Name.GetString());
+  // The class table, not the virtual GetTableName, as for the construction.
+  sql.Format(L"select * from %s where Name=\"%s\"", s_m_strTableName.GetString(), Name.GetString());
   return QKRecordVerbs::LoadFirst(*this, sql, db);
 }
 

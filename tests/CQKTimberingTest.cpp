@@ -87,6 +87,11 @@ void ExpectBrickMaterial(CQKTimbering& t) {
   EXPECT_EQ(t.GetInfraredEBack(), 0.19);
 }
 
+// A host's subclass that points the row operations at a table of its own.
+struct RedirectedTimbering : CQKTimbering {
+  CString GetTableName() override { return L"OtherTimbering"; }
+};
+
 }  // namespace
 
 // ---- Init and copies -------------------------------------------------------------------------------
@@ -433,6 +438,19 @@ TEST_P(CQKTimberingTest, IsExistWithoutAConnectionUsesTheClassConnection) {
   EXPECT_EQ(t.GetID(), 1);
   ASSERT_NE(CQKTimbering::m_pADODatabase, nullptr);
   EXPECT_TRUE(CQKTimbering::m_pADODatabase->IsOpen());
+}
+
+TEST_P(CQKTimberingTest, IsExistLooksInTheClassTableNotTheVirtualOne) {
+  Seed("CREATE TABLE OtherTimbering (ID INTEGER PRIMARY KEY, TTId INTEGER, Name TEXT, GMD REAL);"
+       "INSERT INTO OtherTimbering (ID, TTId, Name, GMD) VALUES (5, 1, '岩棉板', 150);"
+       "INSERT INTO Timbering (TTId, Name, GMD) VALUES (1, '岩棉板', 120);");
+  RedirectedTimbering t;
+  t.SetStuffName(L"岩棉板");
+
+  EXPECT_EQ(t.IsExist(&db), DBS_EXIST);
+
+  EXPECT_EQ(t.GetID(), 1);
+  EXPECT_EQ(t.GetGMD(), 120.0);
 }
 
 TEST_P(CQKTimberingTest, IsExistOfAMissingTableIsAnError) {

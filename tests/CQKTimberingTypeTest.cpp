@@ -30,6 +30,11 @@ CQKTimberingType Type(const wchar_t* name) {
   return t;
 }
 
+// A host's subclass that points the row operations at a table of its own.
+struct RedirectedTimberingType : CQKTimberingType {
+  CString GetTableName() override { return L"OtherTimberingType"; }
+};
+
 }  // namespace
 
 // ---- the named value ---------------------------------------------------------------------------------
@@ -211,6 +216,18 @@ TEST_P(CQKTimberingTypeTest, IsExistWithoutAConnectionUsesTheClassConnection) {
   EXPECT_EQ(t.IsExist(nullptr), DBS_EXIST);
 
   EXPECT_EQ(t.GetID(), 1);
+}
+
+TEST_P(CQKTimberingTypeTest, IsExistLooksInTheClassTableNotTheVirtualOne) {
+  Seed("CREATE TABLE OtherTimberingType (ID INTEGER PRIMARY KEY, Name TEXT);"
+       "INSERT INTO OtherTimberingType (ID, Name) VALUES (40, '屋面');"
+       "INSERT INTO TimberingType (Name) VALUES ('外墙'), ('屋面');");
+  RedirectedTimberingType t;
+  t.Name = L"屋面";
+
+  EXPECT_EQ(t.IsExist(&db), DBS_EXIST);
+
+  EXPECT_EQ(t.GetID(), 2);
 }
 
 TEST_P(CQKTimberingTypeTest, IsExistOfAMissingTableIsAnError) {
