@@ -4,7 +4,7 @@
 
 QK_IMPLEMENT_RECORD_TABLE(CQKTimbering, CQKTimbering)
 // The doubled blank before Name is how this query has always read; it changes nothing.
-QK_IMPLEMENT_VERBS_BY_NAME(CQKTimbering, StuffName, L"select * from %s where  Name=\"%s\"")
+QK_IMPLEMENT_VERBS_BY_NAME(CQKTimbering, s_m_strTableName, StuffName, L"select * from %s where  Name=\"%s\"")
 
 void CQKTimbering::Init() { CQKMateralData::Init(); }
 

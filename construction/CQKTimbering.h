@@ -35,6 +35,8 @@ class QK_EXPORT CQKTimbering : public CQKMateralData, public tagDBSTRUCT {
   ADataDef::ErrorCode DataInPro(CADataExchange exchange) override;
   ADataDef::ErrorCode DataOutPro(CADataExchange exchange) override;
 
+  // The verbs by name; IsExist looks in the class table (s_m_strTableName), whatever a subclass's
+  // GetTableName says.
   QK_DECLARE_VERBS_BY_NAME(CQKTimbering)
 
   // The ID of the first construction named name: 0 when there is none, -1 when the query cannot run.

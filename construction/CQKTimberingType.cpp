@@ -3,7 +3,7 @@
 #include "foundation/QKRecordVerbs.h"
 
 QK_IMPLEMENT_RECORD_TABLE(CQKTimberingType, CQKNamedData)
-QK_IMPLEMENT_VERBS_BY_NAME(CQKTimberingType, Name, L"select * from %s where Name=\"%s\"")
+QK_IMPLEMENT_VERBS_BY_NAME(CQKTimberingType, s_m_strTableName, Name, L"select * from %s where Name=\"%s\"")
 
 void CQKTimberingType::Init() {
   ID = 0;

@@ -22,6 +22,8 @@ class QK_EXPORT CQKTimberingType : public tagDBSTRUCT, public CQKNamedData {
   // ID 0, Name "".
   void Init() override;
 
+  // The verbs by name; IsExist looks in the class table (s_m_strTableName), whatever a subclass's
+  // GetTableName says.
   QK_DECLARE_VERBS_BY_NAME(CQKTimberingType)
 
   // The ID of the first construction type named name: 0 when there is none, -1 when the query cannot

@@ -3,7 +3,7 @@
 #include "foundation/QKRecordVerbs.h"
 
 QK_IMPLEMENT_RECORD_TABLE(CQKBSCode, CQKNamedData)
-QK_IMPLEMENT_VERBS_BY_NAME(CQKBSCode, Name, L"select * from %s where Name=\"%s\"")
+QK_IMPLEMENT_VERBS_BY_NAME(CQKBSCode, GetTableName(), Name, L"select * from %s where Name=\"%s\"")
 
 void CQKBSCode::Init() {
   ID = 0;

@@ -34,6 +34,7 @@ class QK_EXPORT CQKBSCode : public tagDBSTRUCT, public CQKNamedData {
   ADataDef::ErrorCode DataInPro(CADataExchange exchange) override;
   ADataDef::ErrorCode DataOutPro(CADataExchange exchange) override;
 
+  // The verbs by name; IsExist looks in the table GetTableName gives.
   QK_DECLARE_VERBS_BY_NAME(CQKBSCode)
 
   // The ID of the first code named name: 0 when there is none, -1 when the query cannot run. A null

@@ -3,7 +3,7 @@
 #include "foundation/QKRecordVerbs.h"
 
 QK_IMPLEMENT_RECORD_TABLE(CQKBSType, CQKNamedData)
-QK_IMPLEMENT_VERBS_BY_NAME(CQKBSType, Name, L"select * from %s where Name=\"%s\"")
+QK_IMPLEMENT_VERBS_BY_NAME(CQKBSType, GetTableName(), Name, L"select * from %s where Name=\"%s\"")
 
 void CQKBSType::Init() {
   ID = 0;

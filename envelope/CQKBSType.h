@@ -32,6 +32,7 @@ class QK_EXPORT CQKBSType : public tagDBSTRUCT, public CQKNamedData {
   ADataDef::ErrorCode DataInPro(CADataExchange exchange) override;
   ADataDef::ErrorCode DataOutPro(CADataExchange exchange) override;
 
+  // The verbs by name; IsExist looks in the table GetTableName gives.
   QK_DECLARE_VERBS_BY_NAME(CQKBSType)
 
   int BSDLId = 0;  // the category's ID

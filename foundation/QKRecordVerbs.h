@@ -123,11 +123,13 @@ QKLoad::DBStatusCode UpdateIfNoOther(Record& self, Record probe, CADODatabase* d
     return 1;                                                                                   \
   }
 
-// QK_IMPLEMENT_VERBS_BY_NAME(Record, nameField, isExistFormat) defines the verbs of a record whose
-// natural key is its name alone: KeyProbe (a fresh record holding only the name), IsExist (the
-// record's query isExistFormat, formatted with the table and the name, loading the first row),
-// AddIfNotExist and UpdateIfNoOther.
-#define QK_IMPLEMENT_VERBS_BY_NAME(Record, nameField, isExistFormat)                               \
+// QK_IMPLEMENT_VERBS_BY_NAME(Record, table, nameField, isExistFormat) defines the verbs of a record
+// whose natural key is its name alone: KeyProbe (a fresh record holding only the name), IsExist (the
+// record's query isExistFormat, formatted with table and the name, loading the first row),
+// AddIfNotExist and UpdateIfNoOther. table is the class table (s_m_strTableName) for a lookup that
+// stays in the catalogue's table whatever a subclass's row operations use, GetTableName() for one
+// that follows them.
+#define QK_IMPLEMENT_VERBS_BY_NAME(Record, table, nameField, isExistFormat)                        \
   Record Record::KeyProbe() const {                                                             \
     Record probe;                                                                               \
     probe.nameField = nameField;                                                                \
@@ -135,7 +137,7 @@ QKLoad::DBStatusCode UpdateIfNoOther(Record& self, Record probe, CADODatabase* d
   }                                                                                             \
   QKLoad::DBStatusCode Record::IsExist(CADODatabase* db) {                                      \
     CString sql;                                                                                \
-    sql.Format(isExistFormat, GetTableName().GetString(), nameField.GetString());               \
+    sql.Format(isExistFormat, (table).GetString(), nameField.GetString());                      \
     return QKRecordVerbs::LoadFirst(*this, sql, db);                                            \
   }                                                                                             \
   QKLoad::DBStatusCode Record::AddIfNotExist(CADODatabase* db, int bTakeExisting) {             \
