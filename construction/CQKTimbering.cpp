@@ -6,7 +6,16 @@ QK_IMPLEMENT_RECORD_TABLE(CQKTimbering, CQKTimbering)
 // The doubled blank before Name is how this query has always read; it changes nothing.
 QK_IMPLEMENT_VERBS_BY_NAME(CQKTimbering, s_m_strTableName, StuffName, L"select * from %s where  Name=\"%s\"")
 
+IMPLEMENT_DYNCREATE(CQKTimbering, CQKMateralData)
+
 void CQKTimbering::Init() { CQKMateralData::Init(); }
+
+ADataDef::ErrorCode CQKTimbering::Copy(const CAData* other) {
+  const auto* construction = dynamic_cast<const CQKTimbering*>(other);
+  if (construction == nullptr) return CQKMateralData::Copy(other);
+  if (construction != this) *this = *construction;
+  return ADataDef::AD_OK;
+}
 
 ADataDef::ErrorCode CQKTimbering::DataInPut(CADataStream stream) {
   const ADataDef::ErrorCode material = CQKMateralData::DataInPut(stream);

@@ -9,8 +9,8 @@
 // double quotes without escaping: a name holding a double quote fails its query and writes nothing.
 // Not safe for concurrent use.
 //
-// Stream: the material's stream, then TTId. Named items: the material's, then "TTId". Copy and Clone
-// are the material's: they carry the material part only, not the key nor TTId.
+// Stream: the material's stream, then TTId. Named items: the material's, then "TTId". Creatable by
+// class name, so Clone gives a whole construction.
 
 #include "QKExport.h"
 #include "envelope/CQKMateralData.h"
@@ -20,6 +20,7 @@
 
 class QK_EXPORT CQKTimbering : public CQKMateralData, public tagDBSTRUCT {
   QK_DECLARE_RECORD_TABLE(CQKTimbering)
+  DECLARE_DYNCREATE(CQKTimbering)
 
  public:
   CQKTimbering() = default;
@@ -29,6 +30,9 @@ class QK_EXPORT CQKTimbering : public CQKMateralData, public tagDBSTRUCT {
 
   // The material's defaults; the key and TTId stay as they are.
   void Init() override;
+  // From another construction: the whole record, key and TTId included. From any other material: its
+  // material part only (the key and TTId stay). 23 for any other class or a null other.
+  ADataDef::ErrorCode Copy(const CAData* other) override;
   // The material's result (23 for a newer material format, and TTId then stays unread), else 0.
   ADataDef::ErrorCode DataInPut(CADataStream stream) override;
   ADataDef::ErrorCode DataOutPut(CADataStream stream) override;

@@ -187,6 +187,58 @@ TEST(CQKTimbering, CopyFromAMaterialTakesOnlyTheMaterialPart) {
   EXPECT_EQ(t.GetID(), 31);
 }
 
+TEST(CQKTimbering, CopyFromAConstructionTakesTheWholeRecord) {
+  CQKTimbering source = Brick();
+  source.SetID(31);
+  CQKTimbering t = Named(L"岩棉板", 9);
+  t.SetID(4);
+
+  EXPECT_EQ(t.Copy(&source), ADataDef::AD_OK);
+
+  EXPECT_EQ(t.GetID(), 31);
+  EXPECT_EQ(t.TTId, 2);
+  EXPECT_EQ(t.GetStuffID(), 12);
+  ExpectBrickMaterial(t);
+}
+
+TEST(CQKTimbering, CopyFromAnUnrelatedClassIsRefusedAndChangesNothing) {
+  CAData unrelated;
+  CQKTimbering t = Brick();
+  t.SetID(31);
+
+  EXPECT_EQ(t.Copy(&unrelated), ADataDef::AD_INCOMPATIBLE);
+  EXPECT_EQ(t.Copy(nullptr), ADataDef::AD_INCOMPATIBLE);
+
+  EXPECT_EQ(t.GetID(), 31);
+  EXPECT_EQ(t.TTId, 2);
+  ExpectBrickMaterial(t);
+}
+
+TEST(CQKTimbering, CloneGivesAWholeConstructionOfItsOwnClass) {
+  CQKTimbering source = Brick();
+  source.SetID(31);
+
+  CAData* clone = source.Clone();
+
+  ASSERT_NE(clone, nullptr);
+  auto* construction = dynamic_cast<CQKTimbering*>(clone);
+  ASSERT_NE(construction, nullptr);
+  EXPECT_EQ(construction->GetID(), 31);
+  EXPECT_EQ(construction->TTId, 2);
+  ExpectBrickMaterial(*construction);
+  delete clone;
+}
+
+TEST(CQKTimbering, IsCreatableByItsClassName) {
+  const CRuntimeClass* cls = CRuntimeClass::FromName("CQKTimbering");
+  ASSERT_NE(cls, nullptr);
+  EXPECT_TRUE(cls->IsDerivedFrom(RUNTIME_CLASS(CQKMateralData)));
+  CObject* made = cls->CreateObject();
+  ASSERT_NE(made, nullptr);
+  EXPECT_NE(dynamic_cast<CQKTimbering*>(made), nullptr);
+  delete made;
+}
+
 // ---- ordered stream --------------------------------------------------------------------------------
 
 TEST(CQKTimbering, StreamIsTheMaterialStreamThenTheType) {
