@@ -8,19 +8,7 @@ namespace {
 
 constexpr unsigned int kErrorIcon = 16;  // MB_ICONERROR
 
-// Frees node and every node under it, children first.
-void FreeNodes(CQKRoomUseDataAdmin::tagRoomUseNode* node) {
-  if (node == nullptr) return;
-  for (int i = 0; i < node->arrChild.GetSize(); ++i) FreeNodes(node->arrChild[i]);
-  delete node;
-}
-
 }  // namespace
-
-CQKRoomUseDataAdmin::tagRoomUseNode::tagRoomUseNode(const wchar_t* name, long id, tagRoomUseNode* parent, int flag)
-    : strName(name), nFlag(flag), nId(id), pParent(parent) {
-  if (parent != nullptr) parent->arrChild.Add(this);
-}
 
 void CQKRoomUseDataAdmin::ReleaseRoomUseNodes(tagRoomUseNode* node) {
   // The whole tree is the shared owner's to free, once its last admin lets go.
@@ -28,7 +16,8 @@ void CQKRoomUseDataAdmin::ReleaseRoomUseNodes(tagRoomUseNode* node) {
     m_tree.reset();
     return;
   }
-  FreeNodes(node);
+  tagRoomUseNode::Detach(node);
+  tagRoomUseNode::FreeTree(node);
 }
 
 CQKRoomUseDataAdmin::tagRoomUseNode* CQKRoomUseDataAdmin::GetRoomUseNodes(int bRebuild) {
@@ -40,7 +29,7 @@ CQKRoomUseDataAdmin::tagRoomUseNode* CQKRoomUseDataAdmin::GetRoomUseNodes(int bR
 int CQKRoomUseDataAdmin::MakeRoomUseNodes() {
   // The old tree goes when the last admin sharing it lets go.
   m_pRoomUseRoot = new tagRoomUseNode(L"*", -1, nullptr, 1);
-  m_tree.reset(m_pRoomUseRoot, FreeNodes);
+  m_tree.reset(m_pRoomUseRoot, tagRoomUseNode::FreeTree);
 
   CQKRoomType type;
   CQKRoomUse use;

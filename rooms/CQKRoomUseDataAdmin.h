@@ -10,25 +10,16 @@
 #include <memory>
 
 #include "QKExport.h"
-#include "mfc/CArray.h"
+#include "foundation/QKTreeNode.h"
 #include "mfc/CString.h"
 #include "rooms/CQKRoomType.h"
 #include "rooms/CQKRoomUse.h"
 
 class QK_EXPORT CQKRoomUseDataAdmin {
  public:
-  // One node. Made with a parent, a node appends itself to the parent's children. Destroying a node
-  // does not destroy its children.
-  struct QK_EXPORT tagRoomUseNode {
-    tagRoomUseNode(const wchar_t* name, long id, tagRoomUseNode* parent, int flag);
-    tagRoomUseNode(const tagRoomUseNode&) = delete;
-    tagRoomUseNode& operator=(const tagRoomUseNode&) = delete;
-
-    CString strName;                                 // the room type's or use's name; "*" for the root
-    int nFlag;                                       // 1
-    long nId;                                        // the row's ID; -1 for the root
-    tagRoomUseNode* pParent;                         // null for the root
-    CArray<tagRoomUseNode*, tagRoomUseNode*> arrChild;  // in the order they were made
+  // One node: the root "*" (id -1), a room type, or a room use; flag 1 at every level.
+  struct tagRoomUseNode : QKTreeNode<tagRoomUseNode> {
+    using QKTreeNode::QKTreeNode;
   };
 
   CQKRoomUseDataAdmin() = default;
@@ -59,7 +50,8 @@ class QK_EXPORT CQKRoomUseDataAdmin {
   tagRoomUseNode* m_pRoomUseRoot = nullptr;
 
  protected:
-  // Frees node and every node under it, children first; a null node is ignored.
+  // Frees node and every node under it, children first; a null node is ignored. An inner node first
+  // leaves its parent's children, so the rest of the tree stays whole until it is released in turn.
   void ReleaseRoomUseNodes(tagRoomUseNode* node);
 
  private:

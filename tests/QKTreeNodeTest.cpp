@@ -5,6 +5,7 @@
 
 #include "envelope/CQKBSDataAdmin.h"
 #include "foundation/QKTreeNode.h"
+#include "rooms/CQKRoomUseDataAdmin.h"
 
 namespace {
 
@@ -17,9 +18,12 @@ struct CountedNode : QKTreeNode<CountedNode> {
 };
 int CountedNode::alive = 0;
 
-// An admin whose protected release can be called on any node.
+// Admins whose protected release can be called on any node.
 struct ReleasingAdmin : CQKBSDataAdmin {
   using CQKBSDataAdmin::ReleaseBSNodes;
+};
+struct ReleasingRoomsAdmin : CQKRoomUseDataAdmin {
+  using CQKRoomUseDataAdmin::ReleaseRoomUseNodes;
 };
 
 }  // namespace
@@ -83,4 +87,17 @@ TEST(QKTreeNodeTest, ReleasingAnInnerNodeOfTheEnvelopeTreeKeepsTheRestWhole) {
   ASSERT_EQ(root->arrChild.GetSize(), 1);
   EXPECT_EQ(root->arrChild[0], roofs);
   CQKBSDataAdmin::tagBSNode::FreeTree(root);
+}
+
+TEST(QKTreeNodeTest, ReleasingAnInnerNodeOfTheRoomTreeKeepsTheRestWhole) {
+  using Node = CQKRoomUseDataAdmin::tagRoomUseNode;
+  ReleasingRoomsAdmin admin;
+  auto* root = new Node(L"*", -1, nullptr, 1);
+  auto* office = new Node(L"办公建筑", 1, root, 1);
+  new Node(L"会议室", 3, office, 1);
+  auto* hospital = new Node(L"医院", 2, root, 1);
+  admin.ReleaseRoomUseNodes(office);
+  ASSERT_EQ(root->arrChild.GetSize(), 1);
+  EXPECT_EQ(root->arrChild[0], hospital);
+  Node::FreeTree(root);
 }
