@@ -1,7 +1,7 @@
 #include "envelope/CQKBSDataAdmin.h"
 
 #include "construction/CQKTimberingData.h"
-#include "tablekit/CADODatabase.h"
+#include "foundation/QKRecordVerbs.h"
 #include "tablekit/CADORecordset.h"
 #include "tablekit/RvAfxMessageBox.h"
 
@@ -12,21 +12,14 @@ namespace {
 constexpr unsigned int kErrorIcon = 16;    // MB_ICONERROR
 constexpr unsigned int kWarningIcon = 48;  // MB_ICONWARNING
 
-// The catalogue's messages end in a full-width exclamation mark, unlike those of the places and the
-// rooms: hosts compare the texts as they stand.
-constexpr const wchar_t* kDeleteFailed = L"删除表 \"%s\" 时出错！";
 constexpr const wchar_t* kDatabaseFailed = L"操作数据库时出错！";
 
-// Runs "delete from <table> where <column>=<id>" through runner on db. On failure the deletion
-// message naming table goes into message and is shown with the error icon.
+// Runs "delete from <table> where <column>=<id>" through runner on db. On failure the catalogue's
+// deletion message naming table goes into message and is shown with the error icon.
 bool DeleteWhere(tagDBSTRUCT& runner, const CString& table, const wchar_t* column, long id, CADODatabase* db,
                  CString& message) {
-  CString sql;
-  sql.Format(L"delete from %s where %s=%d", table.GetString(), column, static_cast<int>(id));
-  if (db != nullptr && runner.ExecSql(sql, nullptr, db)) return true;
-  message.Format(kDeleteFailed, table.GetString());
-  RvAfxMessageBox(message, kErrorIcon);
-  return false;
+  return QKRecordVerbs::DeleteWhereOrTell(runner, table, column, id, db, kErrorIcon,
+                                          QKRecordVerbs::kDeleteFailedFullWidth, &message) != 0;
 }
 
 // The first child of parent that matches: by name exactly, or failing that (when byId) by id.
@@ -262,8 +255,7 @@ int CQKBSDataAdmin::DeleteTimbering(CQKTimbering& construction, CString& message
                       s + L"' or TIdS like '" + s + L",%%' or TIds like '%%," + s + L",%%'";
   CADODatabase* db = construction.GetUserDatabase();
   CADORecordset users;
-  if (db == nullptr ||
-      !users.Open(db->GetActiveConnection(), db->GetActiveAdoap(), db->GetCurrentConnectType(), sql, 0)) {
+  if (!QKRecordVerbs::OpenOnConnection(users, sql, db)) {
     RvAfxMessageBox(kDatabaseFailed, kErrorIcon);
     return 2;
   }

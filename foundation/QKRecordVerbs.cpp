@@ -33,10 +33,13 @@ void ReadKey(tagDBSTRUCT& record, const wchar_t* sql, CADODatabase* db) {
   rs.Close();
 }
 
+int OpenOnConnection(CADORecordset& rs, const wchar_t* sql, CADODatabase* db) {
+  return db != nullptr && rs.Open(db->GetActiveConnection(), db->GetActiveAdoap(), db->GetCurrentConnectType(), sql, 0);
+}
+
 long FirstId(const wchar_t* sql, CADODatabase* db) {
-  if (db == nullptr) return -1;
   CADORecordset rs;
-  if (!rs.Open(db->GetActiveConnection(), db->GetActiveAdoap(), db->GetCurrentConnectType(), sql, 0)) return -1;
+  if (!OpenOnConnection(rs, sql, db)) return -1;
   long id = 0;
   if (!rs.IsEOF()) rs.GetFieldValue(L"ID", id);
   return id;
@@ -57,18 +60,25 @@ long CountKeyRows(tagDBSTRUCT& record, const wchar_t* sql, CADODatabase* db) {
   return rows;
 }
 
-CString DeleteFailedText(const CString& table) {
+CString DeleteFailedText(const CString& table, const wchar_t* format) {
   CString text;
-  text.Format(L"删除表 \"%s\" 时出错!", table.GetString());
+  text.Format(format, table.GetString());
   return text;
 }
 
-int DeleteRowOrTell(tagDBSTRUCT& record, const CString& table, long id, CADODatabase* db, unsigned int style) {
+int DeleteWhereOrTell(tagDBSTRUCT& record, const CString& table, const wchar_t* column, long id, CADODatabase* db,
+                      unsigned int style, const wchar_t* format, CString* message) {
   CString sql;
-  sql.Format(L"delete from %s where Id=%d", table.GetString(), static_cast<int>(id));
+  sql.Format(L"delete from %s where %s=%d", table.GetString(), column, static_cast<int>(id));
   if (db != nullptr && record.ExecSql(sql, nullptr, db)) return 1;
-  RvAfxMessageBox(DeleteFailedText(table), style);
+  const CString text = DeleteFailedText(table, format);
+  if (message != nullptr) *message = text;
+  RvAfxMessageBox(text, style);
   return 0;
+}
+
+int DeleteRowOrTell(tagDBSTRUCT& record, const CString& table, long id, CADODatabase* db, unsigned int style) {
+  return DeleteWhereOrTell(record, table, L"Id", id, db, style);
 }
 
 }  // namespace QKRecordVerbs

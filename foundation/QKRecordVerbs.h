@@ -31,6 +31,9 @@ void WriteItems(CADORecordset& rs, CAData& value);
 // fails, or finds no row, the key is left as it was.
 void ReadKey(tagDBSTRUCT& record, const wchar_t* sql, CADODatabase* db);
 
+// Opens rs on sql run straight on db's active connection (its option block and connection kind), as
+// the static lookups do: nonzero on success, 0 when db is null or the query cannot run.
+int OpenOnConnection(CADORecordset& rs, const wchar_t* sql, CADODatabase* db);
 // The "ID" of the first row of sql run straight on db's active connection: -1 when the query cannot
 // run (db null or not open, a bad table), 0 for no row.
 long FirstId(const wchar_t* sql, CADODatabase* db);
@@ -41,11 +44,20 @@ long FirstIdByName(const CString& table, const wchar_t* name, CADODatabase* db);
 // the number of rows; with exactly one row the record takes its "ID", with several it keeps its own.
 long CountKeyRows(tagDBSTRUCT& record, const wchar_t* sql, CADODatabase* db);
 
-// The message of a failed deletion: 删除表 "<table>" 时出错!
-CString DeleteFailedText(const CString& table);
+// The formats of the message of a failed deletion, with the table's name: the places and the rooms
+// end it in "!", the envelope catalogue in a full-width "！". Hosts compare the texts as they stand.
+inline constexpr const wchar_t* kDeleteFailed = L"删除表 \"%s\" 时出错!";
+inline constexpr const wchar_t* kDeleteFailedFullWidth = L"删除表 \"%s\" 时出错！";
 
-// Runs "delete from <table> where Id=<id>" through record on db: 1, or 0 after showing the deletion
-// message for table with style (a null db fails). The deletions of the administration classes.
+// The message of a failed deletion of table, in format (one of the two above).
+CString DeleteFailedText(const CString& table, const wchar_t* format = kDeleteFailed);
+
+// Runs "delete from <table> where <column>=<id>" through record on db: 1, or 0 after showing the
+// deletion message for table (in format) with style, also put into message when one is given (a null
+// db fails). The deletions of the administration classes.
+int DeleteWhereOrTell(tagDBSTRUCT& record, const CString& table, const wchar_t* column, long id, CADODatabase* db,
+                      unsigned int style, const wchar_t* format = kDeleteFailed, CString* message = nullptr);
+// DeleteWhereOrTell by the key column "Id".
 int DeleteRowOrTell(tagDBSTRUCT& record, const CString& table, long id, CADODatabase* db, unsigned int style);
 
 // Runs sql and loads its first row into record: DBS_EXIST (record is now that row, its ID
