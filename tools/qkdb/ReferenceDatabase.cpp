@@ -1,0 +1,87 @@
+#include "ReferenceDatabase.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "construction/CQKTimbering.h"
+#include "construction/CQKTimberingType.h"
+#include "envelope/CQKBSCategory.h"
+#include "envelope/CQKBSCode.h"
+#include "envelope/CQKBSType.h"
+#include "envelope/CQKBoundingStructure.h"
+#include "geography/CQKCity.h"
+#include "geography/CQKCountry.h"
+#include "geography/CQKProvince.h"
+#include "mfc/CString.h"
+#include "rooms/CQKRULoadParam.h"
+#include "rooms/CQKRoomType.h"
+#include "rooms/CQKRoomUse.h"
+#include "tablekit/CADODatabase.h"
+#include "tablekit/CADORecordset.h"
+#include "weather/CQKWeather.h"
+
+namespace qkdb {
+
+namespace {
+
+bool IsServerUri(const std::string& path) {
+  return path.starts_with("postgresql://") || path.starts_with("postgres://");
+}
+
+// The first bytes of every SQLite 3 database file.
+bool LooksLikeSqlite(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  char header[16] = {};
+  file.read(header, sizeof header);
+  return file.gcount() == sizeof header && std::string(header, sizeof header) == std::string("SQLite format 3\0", 16);
+}
+
+}  // namespace
+
+std::string DefaultDatabasePath() { return QKDB_DEFAULT_DATABASE; }
+
+std::string ChooseDatabase(const std::string& option) {
+  if (!option.empty()) return option;
+  const char* env = std::getenv("QKDB_DATABASE");
+  if (env && *env) return env;
+  return DefaultDatabasePath();
+}
+
+void BindRecordClasses(const std::string& path) {
+  const CString db = CString::FromUtf8(path);
+  CQKCountry::S_Init(db, L"Country");
+  CQKProvince::S_Init(db, L"Province");
+  CQKCity::S_Init(db, L"City");
+  CQKWeather::S_Init(db, L"Weather");
+  CQKTimberingType::S_Init(db, L"TimberingType");
+  CQKTimbering::S_Init(db, L"Timbering");
+  CQKBSCategory::S_Init(db, L"BSCategory");
+  CQKBSType::S_Init(db, L"BSType");
+  CQKBSCode::S_Init(db, L"BSCode");
+  CQKBoundingStructure::S_Init(db, L"BoundingStructure");
+  CQKRoomType::S_Init(db, L"RoomType");
+  CQKRoomUse::S_Init(db, L"RoomUse");
+  CQKRULoadParam::S_Init(db, L"RULoadParam");
+}
+
+std::string OpenForReading(const std::string& path) {
+  if (!IsServerUri(path)) {
+    std::error_code ec;
+    if (!std::filesystem::exists(path, ec))
+      return "no reference database at " + path + " (build it with \"qkdb init\", or choose one with --db)";
+    if (!std::filesystem::is_regular_file(path, ec) || !LooksLikeSqlite(path))
+      return path + " is not an SQLite database";
+  }
+  CADODatabase db;
+  if (!db.OpenAccess(CString::FromUtf8(path), L"", L""))
+    return "cannot open " + path + ": " + db.GetLastError().ToUtf8();
+  // The last table the schema creates: a database that has it has been built through to the end.
+  CADORecordset rs(&db);
+  if (!rs.Open(L"SELECT COUNT(*) FROM BoundingStructure"))
+    return path + " does not hold the reference tables (" + rs.GetLastError().ToUtf8() + ")";
+  BindRecordClasses(path);
+  return "";
+}
+
+}  // namespace qkdb

@@ -1,0 +1,23 @@
+#pragma once
+// The reference database the qkdb commands work on, and the binding of every record class to the
+// tables of the shipped schema (data/schema.sql).
+//
+// Which database: the --db option when given, else the environment variable QKDB_DATABASE when set
+// and not empty, else the file the build made with `qkdb init` (reference.db in the build folder).
+
+#include <string>
+
+namespace qkdb {
+
+// The compiled-in default: where `qkdb init` writes when told nothing else.
+std::string DefaultDatabasePath();
+// option when not empty, else QKDB_DATABASE, else the default.
+std::string ChooseDatabase(const std::string& option);
+// Tells every record class its table in the database at path (a file, or a postgresql:// URI).
+void BindRecordClasses(const std::string& path);
+// For the commands that read: "" when path is a server URI or an existing SQLite file that holds the
+// shipped tables, else one line saying what is wrong (missing file, not a database, tables missing).
+// Binds the record classes when the database can be used.
+std::string OpenForReading(const std::string& path);
+
+}  // namespace qkdb
