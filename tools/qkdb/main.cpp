@@ -9,6 +9,7 @@
 #include <iostream>
 #include <string>
 
+#include "InitCommand.h"
 #include "ThicknessCommand.h"
 #include "WallCommand.h"
 
@@ -18,6 +19,7 @@ int main(int argc, char** argv) {
                        "Print the version and exit (the tool and the library are released together)");
   qkdb::WallCommand wall(app);
   qkdb::ThicknessCommand thickness(app);
+  qkdb::InitCommand init(app);
 
   try {
     app.parse(argc, argv);
@@ -38,6 +40,7 @@ int main(int argc, char** argv) {
 
   if (wall.Chosen()) return wall.Run();
   if (thickness.Chosen()) return thickness.Run();
+  if (init.Chosen()) return init.Run();
   std::cerr << app.help();
   return 2;
 }
