@@ -164,8 +164,13 @@ void FillWeather(StationRow& row, CQKWeather& w, const std::map<std::string, std
   w.Djswzdfxpjfs = w.DjSwZdFxPjFs;  // one column holds both (see the schema)
   row.Take("elevation_m", "Elevation", w.Elevation);
   w.TimeZone = 8.0;  // all of China keeps Beijing time, UTC+8
+  // A station without a file of its own has a null EpwName: the lookups then borrow a neighbour's
+  // climate, and the place tree filtered to places with weather leaves it out.
   auto file = epw.find(station);
-  w.EpwName = file == epw.end() ? CString() : CString::FromUtf8(file->second);
+  if (file != epw.end())
+    w.EpwName = CString::FromUtf8(file->second);
+  else
+    row.Leave("EpwName");
 }
 
 }  // namespace
