@@ -159,16 +159,27 @@ int InitCommand::Run() const {
     std::cerr << "qkdb: the path " << path << " is too long\n";
     return 2;
   }
+  // The signals wait while the file is made and named, so the handler never sees it half-named.
+  sigset_t signals, previous;
+  sigemptyset(&signals);
+  for (int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    sigaddset(&signals, signal);
+    std::signal(signal, OnSignal);
+  }
+  sigprocmask(SIG_BLOCK, &signals, &previous);
   std::strcpy(g_building, temporary.c_str());
   const int fd = mkstemp(g_building);
-  if (fd < 0) {
-    std::cerr << "qkdb: cannot create a file beside " << path << ": " << std::strerror(errno) << "\n";
+  const int error = errno;
+  if (fd < 0)
     g_building[0] = '\0';
+  else
+    std::snprintf(g_journal, sizeof g_journal, "%s-journal", g_building);
+  sigprocmask(SIG_SETMASK, &previous, nullptr);
+  if (fd < 0) {
+    std::cerr << "qkdb: cannot create a file beside " << path << ": " << std::strerror(error) << "\n";
     return 1;
   }
   close(fd);
-  std::snprintf(g_journal, sizeof g_journal, "%s-journal", g_building);
-  for (int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, OnSignal);
   temporary = g_building;
 
   try {
