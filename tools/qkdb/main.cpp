@@ -11,6 +11,7 @@
 
 #include "ThicknessCommand.h"
 #include "WallCommand.h"
+#include "WeatherCommand.h"
 
 int main(int argc, char** argv) {
   CLI::App app("The reference database of a building thermal-load design system, from the command line.", "qkdb");
@@ -18,6 +19,7 @@ int main(int argc, char** argv) {
                        "Print the version and exit (the tool and the library are released together)");
   qkdb::WallCommand wall(app);
   qkdb::ThicknessCommand thickness(app);
+  qkdb::WeatherCommand weather(app);
 
   try {
     app.parse(argc, argv);
@@ -38,6 +40,7 @@ int main(int argc, char** argv) {
 
   if (wall.Chosen()) return wall.Run();
   if (thickness.Chosen()) return thickness.Run();
+  if (weather.Chosen()) return weather.Run();
   std::cerr << app.help();
   return 2;
 }
