@@ -10,6 +10,7 @@
 #include <string>
 
 #include "ThicknessCommand.h"
+#include "TreeCommand.h"
 #include "WallCommand.h"
 #include "WeatherCommand.h"
 
@@ -20,6 +21,7 @@ int main(int argc, char** argv) {
   qkdb::WallCommand wall(app);
   qkdb::ThicknessCommand thickness(app);
   qkdb::WeatherCommand weather(app);
+  qkdb::TreeCommand tree(app);
 
   try {
     app.parse(argc, argv);
@@ -41,6 +43,7 @@ int main(int argc, char** argv) {
   if (wall.Chosen()) return wall.Run();
   if (thickness.Chosen()) return thickness.Run();
   if (weather.Chosen()) return weather.Run();
+  if (tree.Chosen()) return tree.Run();
   std::cerr << app.help();
   return 2;
 }
