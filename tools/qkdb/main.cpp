@@ -12,6 +12,7 @@
 #include "ThicknessCommand.h"
 #include "TreeCommand.h"
 #include "WallCommand.h"
+#include "WallsCommand.h"
 #include "WeatherCommand.h"
 
 int main(int argc, char** argv) {
@@ -22,6 +23,7 @@ int main(int argc, char** argv) {
   qkdb::ThicknessCommand thickness(app);
   qkdb::WeatherCommand weather(app);
   qkdb::TreeCommand tree(app);
+  qkdb::WallsCommand walls(app);
 
   try {
     app.parse(argc, argv);
@@ -44,6 +46,7 @@ int main(int argc, char** argv) {
   if (thickness.Chosen()) return thickness.Run();
   if (weather.Chosen()) return weather.Run();
   if (tree.Chosen()) return tree.Run();
+  if (walls.Chosen()) return walls.Run();
   std::cerr << app.help();
   return 2;
 }
