@@ -11,7 +11,10 @@
 
 #include "InitCommand.h"
 #include "ThicknessCommand.h"
+#include "TreeCommand.h"
 #include "WallCommand.h"
+#include "WallsCommand.h"
+#include "WeatherCommand.h"
 
 int main(int argc, char** argv) {
   CLI::App app("The reference database of a building thermal-load design system, from the command line.", "qkdb");
@@ -20,6 +23,9 @@ int main(int argc, char** argv) {
   qkdb::WallCommand wall(app);
   qkdb::ThicknessCommand thickness(app);
   qkdb::InitCommand init(app);
+  qkdb::WeatherCommand weather(app);
+  qkdb::TreeCommand tree(app);
+  qkdb::WallsCommand walls(app);
 
   try {
     app.parse(argc, argv);
@@ -41,6 +47,9 @@ int main(int argc, char** argv) {
   if (wall.Chosen()) return wall.Run();
   if (thickness.Chosen()) return thickness.Run();
   if (init.Chosen()) return init.Run();
+  if (weather.Chosen()) return weather.Run();
+  if (tree.Chosen()) return tree.Run();
+  if (walls.Chosen()) return walls.Run();
   std::cerr << app.help();
   return 2;
 }

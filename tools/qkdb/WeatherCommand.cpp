@@ -1,0 +1,267 @@
+#include "WeatherCommand.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <iostream>
+#include <nlohmann/json.hpp>
+#include <numbers>
+#include <vector>
+
+#include "Output.h"
+#include "WeatherItems.h"
+#include "geography/CQKCity.h"
+#include "geography/CQKCountry.h"
+#include "geography/CQKProvince.h"
+#include "tablekit/CADORecordset.h"
+#include "weather/CQKWeatherDataAdmin.h"
+
+namespace qkdb {
+
+namespace {
+
+using nlohmann::ordered_json;
+
+constexpr double kRadiansPerDegree = std::numbers::pi / 180.0;
+constexpr double kEarthRadiusKm = 6371.0;
+// --near looks at the cities within 10° of longitude and of latitude of the point (the library's
+// search square, which it takes in radians): wide enough for the sparse stations of western China,
+// narrow enough that a point far from every station gets no answer rather than one a continent away.
+constexpr double kNearHalfWidthDegrees = 10.0;
+
+// Great-circle distance (haversine) between two positions given in radians, km.
+double DistanceKm(double lon1, double lat1, double lon2, double lat2) {
+  const double sinLat = std::sin((lat2 - lat1) / 2.0);
+  const double sinLon = std::sin((lon2 - lon1) / 2.0);
+  const double a = sinLat * sinLat + std::cos(lat1) * std::cos(lat2) * sinLon * sinLon;
+  return 2.0 * kEarthRadiusKm * std::asin(std::sqrt(std::min(1.0, a)));
+}
+
+// Kilometres to the metre: finer would only be noise from the positions' own rounding.
+double RoundKm(double km) { return std::round(km * 1000.0) / 1000.0; }
+
+std::string Position(double jd, double wd) {
+  const double lon = jd / kRadiansPerDegree;
+  const double lat = wd / kRadiansPerDegree;
+  return Fixed(std::fabs(lon), 4) + "° " + (lon < 0 ? "W" : "E") + ", " + Fixed(std::fabs(lat), 4) + "° " +
+         (lat < 0 ? "S" : "N");
+}
+
+struct Place {
+  long id = 0;
+  std::string city;
+  std::string province;
+  std::string country;
+
+  std::string Text() const { return city + ", " + province + ", " + country + " (city ID " + std::to_string(id) + ")"; }
+};
+
+// The names of city cityId, its province and its country; "" for a name that cannot be read.
+Place PlaceOfCity(long cityId) {
+  Place place;
+  place.id = cityId;
+  CQKCity city;
+  if (!city.ReadData(cityId)) return place;
+  place.city = city.Name.ToUtf8();
+  CQKProvince province;
+  if (!province.ReadData(city.PId)) return place;
+  place.province = province.Name.ToUtf8();
+  CQKCountry country;
+  if (country.ReadData(province.CId)) place.country = country.Name.ToUtf8();
+  return place;
+}
+
+// Which of columns are NULL in the weather row rowId. The value class keeps its default for a NULL
+// number and reads NULL text as "", so only the table can tell. Empty when the row cannot be read.
+std::vector<bool> NullColumns(CQKWeather& weather, long rowId, const std::vector<CString>& columns) {
+  CString sql = L"select ";
+  for (std::size_t i = 0; i < columns.size(); ++i)
+    sql += CString(i == 0 ? L"" : L", ") + L"case when [" + columns[i] + L"] is null then 1 else 0 end";
+  CString where;
+  where.Format(L" from [%s] where ID=%ld", weather.GetTableName().GetString(), rowId);
+  sql += where;
+  CADORecordset rs;
+  if (!weather.ExecSql(sql, &rs, nullptr) || rs.IsEOF()) return {};
+  std::vector<bool> nulls(columns.size());
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    int isNull = 0;
+    rs.GetFieldValue(static_cast<int>(i), isNull);
+    nulls[i] = isNull != 0;
+  }
+  return nulls;
+}
+
+// The named items of weather, each the column of its row of the same name, in the table's units (the
+// value class's named exchange converts Pa and fractions back to hPa and percent); null for what the
+// row leaves NULL. False when the row cannot be read.
+bool RowItems(CQKWeather& weather, ordered_json& items) {
+  items = NamedItems(weather);
+  std::vector<CString> names;
+  for (const auto& [name, value] : items.items()) names.push_back(CString::FromUtf8(name));
+  const std::vector<bool> nulls = NullColumns(weather, weather.GetID(), names);
+  if (nulls.size() != names.size()) return false;
+  for (std::size_t i = 0; i < names.size(); ++i)
+    if (nulls[i]) items[names[i].ToUtf8()] = nullptr;
+  return true;
+}
+
+// "LON,LAT" in degrees, east longitude and north latitude.
+bool ParseNear(const std::string& text, double& lon, double& lat) {
+  const std::size_t comma = text.find(',');
+  if (comma == std::string::npos) return false;
+  auto number = [](const std::string& part, double& out) {
+    const char* begin = part.c_str();
+    char* end = nullptr;
+    out = std::strtod(begin, &end);
+    while (end != begin && *end == ' ') ++end;
+    return end != begin && *end == '\0' && std::isfinite(out);
+  };
+  return number(text.substr(0, comma), lon) && number(text.substr(comma + 1), lat) && std::fabs(lon) <= 180.0 &&
+         std::fabs(lat) <= 90.0;
+}
+
+// What the command answers: the climate's items, the place whose climate it is, what is said before
+// the table, and the JSON keys besides the items and the names.
+struct Answer {
+  ordered_json items;
+  Place place;
+  std::vector<std::string> heading;
+  ordered_json extra = ordered_json::object();
+};
+
+int Print(const Answer& answer, bool json) {
+  if (json) {
+    ordered_json out = answer.items;
+    out["CityName"] = answer.place.city;
+    out["ProvinceName"] = answer.place.province;
+    out["CountryName"] = answer.place.country;
+    for (const auto& [key, value] : answer.extra.items()) out[key] = value;
+    std::cout << out.dump(2) << '\n';
+    return 0;
+  }
+  for (const std::string& line : answer.heading) std::cout << line << '\n';
+  std::cout << '\n';
+  std::vector<std::vector<std::string>> rows{{"Item", "Value", "说明 / Meaning"}};
+  for (const auto& [item, value] : answer.items.items())
+    rows.push_back({item, WeatherItemText(item, value), WeatherItemLabel(item)});
+  PrintColumns(std::cout, rows);
+  return 0;
+}
+
+int ClimateOfCity(long cityId, bool json) {
+  const Place asked = PlaceOfCity(cityId);
+  // The city's own row, for its position: after a borrowing the record holds the neighbour's.
+  CQKWeather own;
+  own.CId = cityId;
+  const bool hasOwnRow = own.IsExist(nullptr) == QKLoad::DBS_EXIST && own.ReadData(own.GetID());
+  const std::vector<bool> ownNulls = hasOwnRow ? NullColumns(own, own.GetID(), {L"JD", L"WD"}) : std::vector<bool>{};
+  const bool hasPosition = ownNulls.size() == 2 && !ownNulls[0] && !ownNulls[1];
+
+  CQKWeather weather;
+  weather.CId = cityId;
+  CQKWeatherDataAdmin::GetWeatherByCityId(weather);
+  if (weather.GetID() == 0) return Tell(1, "no climate stored for " + asked.city + " (" + asked.province + ")");
+
+  Answer answer;
+  if (!RowItems(weather, answer.items)) return Tell(1, "cannot read the weather row of " + asked.city);
+  answer.place = {weather.CId, weather.CityName.ToUtf8(), weather.ProvinceName.ToUtf8(),
+                  weather.CountryName.ToUtf8()};
+  answer.heading.push_back(asked.Text());
+  answer.heading.push_back("Position: " + (hasPosition ? Position(own.JD, own.WD) : std::string("not stored")));
+  if (weather.CId != cityId) {
+    // The library borrowed the nearest city's climate: say whose, and how far away it is.
+    std::string distance = "at an unknown distance (the position of " + asked.city + " is not stored)";
+    ordered_json km;
+    if (hasPosition) {
+      km = RoundKm(DistanceKm(own.JD, own.WD, weather.JD, weather.WD));
+      distance = Fixed(km.get<double>(), 1) + " km away";
+    }
+    answer.heading.push_back("Climate borrowed from " + answer.place.Text() + ", " + distance + ": " + asked.city +
+                             " has no weather file of its own.");
+    answer.extra["BorrowedFrom"] = answer.place.city;
+    answer.extra["BorrowedFor"] = asked.city;
+    answer.extra["DistanceKm"] = km;
+  } else if (weather.EpwName.IsEmpty()) {
+    answer.heading.push_back(asked.city + " has no weather file of its own and no city with one is near enough to "
+                             "borrow from: these are its own row's values.");
+  }
+  return Print(answer, json);
+}
+
+int ClimateNear(double lon, double lat, bool json) {
+  CQKWeather weather;
+  // The library names the climate it finds after the city the record held before, and takes nothing
+  // unless that city exists. A point has no city: any city will do, and the names are read afterwards
+  // for the city whose climate was taken. A name no city has gives the first city of the table.
+  CQKCity any;
+  CQKWeatherDataAdmin::GetCityIdByName(any);
+  weather.CId = any.GetID();
+  weather.JD = lon * kRadiansPerDegree;
+  weather.WD = lat * kRadiansPerDegree;
+  CQKWeatherDataAdmin::GetWeatherByJWD(weather, kNearHalfWidthDegrees * kRadiansPerDegree);
+  const std::string point = Position(lon * kRadiansPerDegree, lat * kRadiansPerDegree);
+  if (weather.GetID() == 0)
+    return Tell(1, "no city with a weather file within " + Number(kNearHalfWidthDegrees) + "° of " + point);
+
+  Answer answer;
+  answer.place = PlaceOfCity(weather.CId);
+  if (!RowItems(weather, answer.items)) return Tell(1, "cannot read the weather row of " + answer.place.city);
+  const double km = RoundKm(DistanceKm(lon * kRadiansPerDegree, lat * kRadiansPerDegree, weather.JD, weather.WD));
+  answer.heading.push_back("Nearest city with a weather file to " + point + ": " + answer.place.Text() + ", " +
+                           Fixed(km, 1) + " km away");
+  answer.heading.push_back("Position: " + Position(weather.JD, weather.WD));
+  answer.extra["DistanceKm"] = km;
+  return Print(answer, json);
+}
+
+}  // namespace
+
+WeatherCommand::WeatherCommand(CLI::App& parent) {
+  m_app = parent.add_subcommand("weather", "The design climate of a city, or of the city with a weather file nearest a point");
+  m_app->add_option("NAME", m_name, "The city's name as stored (e.g. 郑州)");
+  m_app->add_option("--id", m_id, "The city's ID instead of its name");
+  m_app->add_option("--near", m_near, "LON,LAT in degrees (east longitude, north latitude): the nearest city with a weather file");
+  m_app->add_flag("--json", m_json, "Print one JSON object instead of the table");
+  m_app->add_option("--db", m_db, "The reference database (default: $QKDB_DATABASE, else the one \"qkdb init\" built)");
+  m_app->footer(
+      "Give exactly one of NAME, --id and --near. A city without a weather file of its own borrows the climate of\n"
+      "the nearest city that has one; the answer names that city and its great-circle distance. --near looks\n"
+      "within 10° of longitude and latitude of the point.\n"
+      "Values are in the weather table's units: pressures hPa (design days Pa), relative humidities %, °C,\n"
+      "m/s, m; JD/WD in radians (the table also shows degrees). A column the table leaves NULL is \"—\".\n"
+      "--json: the keys are the weather table's item names, null where NULL (DjSwZdFxPjFs and Djswzdfxpjfs\n"
+      "are one column and carry the same value), then CityName, ProvinceName and CountryName of the city\n"
+      "whose climate it is; for a borrowed climate also BorrowedFrom (that city), BorrowedFor (the city asked\n"
+      "for) and DistanceKm between the two (null when the position of the city asked for is not stored); for\n"
+      "--near, DistanceKm from the point.\n"
+      "Exit status: 1 no such city, or no climate for it; 2 a command line or database that cannot be used.");
+}
+
+bool WeatherCommand::Chosen() const { return m_app->parsed(); }
+
+int WeatherCommand::Run() const {
+  const bool byName = m_app->count("NAME") > 0;
+  const bool byId = m_app->count("--id") > 0;
+  const bool near = m_app->count("--near") > 0;
+  if (byName + byId + near != 1) return Tell(2, "give exactly one of NAME, --id and --near (see \"qkdb weather --help\")");
+  double lon = 0.0, lat = 0.0;
+  if (near && !ParseNear(m_near, lon, lat))
+    return Tell(2, "--near takes LON,LAT in degrees (east longitude, north latitude), not \"" + m_near + "\"");
+  if (const int status = OpenChosenDatabase(m_db)) return status;
+  if (near) return ClimateNear(lon, lat, m_json);
+
+  CQKCity city;
+  if (byName) {
+    city.Name = CString::FromUtf8(m_name);
+    // With no city of that name the lookup gives the first city of the table: check it matched.
+    if (!CQKWeatherDataAdmin::GetCityIdByName(city) || !city.ReadData(city.GetID()) ||
+        city.Name.CompareNoCase(CString::FromUtf8(m_name)) != 0)
+      return Tell(1, "no city named \"" + m_name + "\"");
+  } else if (!city.ReadData(m_id)) {
+    return Tell(1, "no city with ID " + std::to_string(m_id));
+  }
+  return ClimateOfCity(city.GetID(), m_json);
+}
+
+}  // namespace qkdb
