@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "CsvTable.h"
+#include "RowNulls.h"
 #include "construction/CQKTimbering.h"
 #include "construction/CQKTimberingType.h"
 #include "envelope/CQKBSCategory.h"
@@ -70,10 +71,6 @@ std::string Decimal(double value) {
   return std::string(text, end);
 }
 
-void Check(bool ok, const std::string& what) {
-  if (!ok) throw DataError("cannot write " + what);
-}
-
 std::map<std::string, Material> LoadMaterials(const CsvTable& materials) {
   std::map<std::string, long> typeIds;
   std::map<std::string, Material> byName;
@@ -83,7 +80,7 @@ std::map<std::string, Material> LoadMaterials(const CsvTable& materials) {
     if (!typeIds.count(typeName)) {
       CQKTimberingType type;
       type.Name = CString::FromUtf8(typeName);
-      Check(type.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, "construction type " + typeName);
+      CheckWritten(type.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, "construction type " + typeName);
       typeIds[typeName] = type.GetID();
     }
     CQKTimbering construction;
@@ -108,7 +105,7 @@ std::map<std::string, Material> LoadMaterials(const CsvTable& materials) {
       construction.SetRoughness(RoughnessCode(materials.Field(r, "roughness")));
       material.thicknessMm = thickness * 1000.0;
     }
-    Check(construction.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, materials.Where(r));
+    CheckWritten(construction.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, materials.Where(r));
     material.id = construction.GetID();
     byName[name] = material;
   }
@@ -128,14 +125,14 @@ void LoadCatalogue(const std::filesystem::path& dataDir, CADODatabase& db) {
     category.Name = CString::FromUtf8(p.category);
     // The category record has no lookup verbs (hosts only read categories); the build starts from
     // empty tables, so inserting is all it needs.
-    Check(category.InsertData(nullptr) != 0, std::string("category ") + p.category);
+    CheckWritten(category.InsertData(nullptr) != 0, std::string("category ") + p.category);
     const std::string sql = "UPDATE BSCategory SET OrderId = " + std::to_string(++order) +
                             " WHERE ID = " + std::to_string(category.GetID());
-    Check(db.Execute(CString::FromUtf8(sql)) != 0, std::string("the order of category ") + p.category);
+    CheckWritten(db.Execute(CString::FromUtf8(sql)) != 0, std::string("the order of category ") + p.category);
     CQKBSType type;
     type.Name = CString::FromUtf8(p.type);
     type.BSDLId = static_cast<int>(category.GetID());
-    Check(type.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, std::string("envelope type ") + p.type);
+    CheckWritten(type.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, std::string("envelope type ") + p.type);
     typeIds[p.type] = type.GetID();
   }
 
@@ -159,13 +156,13 @@ void LoadCatalogue(const std::filesystem::path& dataDir, CADODatabase& db) {
       if (c == '/') c = '-';
     code.Name = CString::FromUtf8(name);
     code.BSTId = typeIds.at(PlacementOf(construction).type);
-    Check(code.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, "envelope code " + name);
+    CheckWritten(code.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, "envelope code " + name);
     CQKBoundingStructure structure;
     structure.BSCId = code.GetID();
     structure.TIdS = CString::FromUtf8(ids);
     structure.HouDuS = CString::FromUtf8(thicknesses);
     structure.XzXsS = CString::FromUtf8(factors);
-    Check(structure.AddOrUpdate(nullptr) != QKLoad::DBS_ERROR, "the bounding structure of " + name);
+    CheckWritten(structure.AddOrUpdate(nullptr) != QKLoad::DBS_ERROR, "the bounding structure of " + name);
   }
 }
 

@@ -17,22 +17,9 @@
 #include "PlaceLoader.h"
 #include "ReferenceDatabase.h"
 #include "RoomLoader.h"
-#include "construction/CQKTimbering.h"
-#include "construction/CQKTimberingType.h"
-#include "envelope/CQKBSCategory.h"
-#include "envelope/CQKBSCode.h"
-#include "envelope/CQKBSType.h"
-#include "envelope/CQKBoundingStructure.h"
-#include "geography/CQKCity.h"
-#include "geography/CQKCountry.h"
-#include "geography/CQKProvince.h"
 #include "mfc/CString.h"
-#include "rooms/CQKRULoadParam.h"
-#include "rooms/CQKRoomType.h"
-#include "rooms/CQKRoomUse.h"
 #include "tablekit/CADODatabase.h"
 #include "tablekit/CADORecordset.h"
-#include "weather/CQKWeather.h"
 
 namespace qkdb {
 
@@ -98,13 +85,8 @@ void ReportCounts(CADODatabase& db) {
 
 // The record classes each write on a connection of their own, and SQLite waits for the disk at every
 // commit: some 2000 waits for a build. The temporary file is thrown away when the build does not
-// finish, so its writes need not reach the disk one by one; FlushFile makes them durable once, before
-// the rename.
-template <typename... Record>
-void WriteWithoutWaiting() {
-  (Record().GetUserDatabase()->Execute(L"PRAGMA synchronous = OFF"), ...);
-}
-
+// finish, so its writes need not reach the disk one by one (WriteWithoutWaiting); FlushFile makes them
+// durable once, before the rename.
 void FlushFile(const std::string& path) {
   int fd = open(path.c_str(), O_RDWR);
   if (fd < 0 || fsync(fd) != 0) {
@@ -185,8 +167,7 @@ int InitCommand::Run() const {
   try {
     CreateSchema(temporary, ReadText(data / "schema.sql"));
     BindRecordClasses(temporary);
-    WriteWithoutWaiting<CQKCountry, CQKProvince, CQKCity, CQKWeather, CQKTimberingType, CQKTimbering, CQKBSCategory,
-                        CQKBSType, CQKBSCode, CQKBoundingStructure, CQKRoomType, CQKRoomUse, CQKRULoadParam>();
+    WriteWithoutWaiting();
     CADODatabase db;
     if (!db.OpenAccess(CString::FromUtf8(temporary), L"", L""))
       throw DataError("cannot open " + temporary + ": " + db.GetLastError().ToUtf8());

@@ -80,10 +80,6 @@ std::map<std::string, std::string> EpwFiles(const CsvTable& epw) {
   return files;
 }
 
-void Check(bool ok, const std::string& what) {
-  if (!ok) throw DataError("cannot write " + what);
-}
-
 // One station's row of the outdoor design table as a weather record, and the columns it leaves null.
 class StationRow {
  public:
@@ -184,14 +180,14 @@ void LoadPlaces(const std::filesystem::path& dataDir, CADODatabase& db) {
 
   CQKCountry country;
   country.Name = L"中国";
-  Check(country.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, "the country 中国");
+  CheckWritten(country.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, "the country 中国");
 
   std::map<std::string, long> provinceIds;
   for (std::size_t r = 0; r < provinces.Size(); ++r) {
     CQKProvince province;
     province.CId = country.GetID();
     province.Name = CString::FromUtf8(provinces.Field(r, "province_name"));
-    Check(province.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, provinces.Where(r));
+    CheckWritten(province.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, provinces.Where(r));
     provinceIds[provinces.Field(r, "province_name")] = province.GetID();
   }
   auto provinceOf = [&](const CsvTable& table, std::size_t r, const std::string& column) {
@@ -203,7 +199,7 @@ void LoadPlaces(const std::filesystem::path& dataDir, CADODatabase& db) {
     CQKCity city;
     city.PId = provinceId;
     city.Name = CString::FromUtf8(name);
-    Check(city.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, where);
+    CheckWritten(city.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, where);
     return city.GetID();
   };
 
@@ -224,7 +220,7 @@ void LoadPlaces(const std::filesystem::path& dataDir, CADODatabase& db) {
     weather.CId = cityId;
     StationRow row(stations, r, corrections);
     FillWeather(row, weather, epw, id);
-    Check(weather.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, stations.Where(r));
+    CheckWritten(weather.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, stations.Where(r));
     std::vector<std::string> null = kNeverGiven;
     null.insert(null.end(), row.Null().begin(), row.Null().end());
     ClearColumns(db, "Weather", weather.GetID(), null);

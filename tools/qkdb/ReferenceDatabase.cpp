@@ -48,21 +48,37 @@ std::string ChooseDatabase(const std::string& option) {
   return DefaultDatabasePath();
 }
 
+namespace {
+
+// Each record class with its table in the shipped schema.
+template <typename Visit>
+void ForEachRecordClass(Visit visit) {
+  visit.template operator()<CQKCountry>(L"Country");
+  visit.template operator()<CQKProvince>(L"Province");
+  visit.template operator()<CQKCity>(L"City");
+  visit.template operator()<CQKWeather>(L"Weather");
+  visit.template operator()<CQKTimberingType>(L"TimberingType");
+  visit.template operator()<CQKTimbering>(L"Timbering");
+  visit.template operator()<CQKBSCategory>(L"BSCategory");
+  visit.template operator()<CQKBSType>(L"BSType");
+  visit.template operator()<CQKBSCode>(L"BSCode");
+  visit.template operator()<CQKBoundingStructure>(L"BoundingStructure");
+  visit.template operator()<CQKRoomType>(L"RoomType");
+  visit.template operator()<CQKRoomUse>(L"RoomUse");
+  visit.template operator()<CQKRULoadParam>(L"RULoadParam");
+}
+
+}  // namespace
+
 void BindRecordClasses(const std::string& path) {
   const CString db = CString::FromUtf8(path);
-  CQKCountry::S_Init(db, L"Country");
-  CQKProvince::S_Init(db, L"Province");
-  CQKCity::S_Init(db, L"City");
-  CQKWeather::S_Init(db, L"Weather");
-  CQKTimberingType::S_Init(db, L"TimberingType");
-  CQKTimbering::S_Init(db, L"Timbering");
-  CQKBSCategory::S_Init(db, L"BSCategory");
-  CQKBSType::S_Init(db, L"BSType");
-  CQKBSCode::S_Init(db, L"BSCode");
-  CQKBoundingStructure::S_Init(db, L"BoundingStructure");
-  CQKRoomType::S_Init(db, L"RoomType");
-  CQKRoomUse::S_Init(db, L"RoomUse");
-  CQKRULoadParam::S_Init(db, L"RULoadParam");
+  ForEachRecordClass([&]<typename Record>(const wchar_t* table) { Record::S_Init(db, table); });
+}
+
+void WriteWithoutWaiting() {
+  ForEachRecordClass([]<typename Record>(const wchar_t*) {
+    Record().GetUserDatabase()->Execute(L"PRAGMA synchronous = OFF");
+  });
 }
 
 std::string OpenForReading(const std::string& path) {

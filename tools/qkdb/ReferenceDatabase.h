@@ -15,6 +15,9 @@ std::string DefaultDatabasePath();
 std::string ChooseDatabase(const std::string& option);
 // Tells every record class its table in the database at path (a file, or a postgresql:// URI).
 void BindRecordClasses(const std::string& path);
+// Lets every record class's connection commit without waiting for the disk (PRAGMA synchronous =
+// OFF). Only for a file that is thrown away unless it is flushed and kept at the end: qkdb init.
+void WriteWithoutWaiting();
 // For the commands that read: "" when path is a server URI or an existing SQLite file that holds the
 // shipped tables, else one line saying what is wrong (missing file, not a database, tables missing).
 // Binds the record classes when the database can be used.

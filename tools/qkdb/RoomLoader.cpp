@@ -18,10 +18,6 @@ const std::vector<std::string> kNotGiven = {
     "ZongLengZB",   "ZongReZB",       "WeiHuLZB",    "RenYuanLZB",    "XinFengLZB", "QiTaLZB",
     "WeiHuRZB",     "RenYuanRZB",     "XinFengRZB",  "LaoDongQD",     "ShenTouL"};
 
-void Check(bool ok, const std::string& what) {
-  if (!ok) throw DataError("cannot write " + what);
-}
-
 }  // namespace
 
 void LoadRooms(const std::filesystem::path& dataDir, CADODatabase& db) {
@@ -35,11 +31,11 @@ void LoadRooms(const std::filesystem::path& dataDir, CADODatabase& db) {
 
     CQKRoomType type;
     type.Name = CString::FromUtf8(typeName);
-    Check(type.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, types.Where(r));
+    CheckWritten(type.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, types.Where(r));
     CQKRoomUse use;
     use.RTId = type.GetID();
     use.Name = CString::FromUtf8(useName);
-    Check(use.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, types.Where(r));
+    CheckWritten(use.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, types.Where(r));
 
     CQKRULoadParam load;
     load.RUId = use.GetID();
@@ -47,7 +43,7 @@ void LoadRooms(const std::filesystem::path& dataDir, CADODatabase& db) {
     if (!types.Number(r, "occupant_area_m2_per_person", load.RenYuanMD)) null.push_back("RenYuanMD");
     if (!types.Number(r, "lighting_power_density_w_m2", load.ZhaoMingBZ)) null.push_back("ZhaoMingBZ");
     if (!types.Number(r, "equipment_power_density_w_m2", load.SheBeiBZ)) null.push_back("SheBeiBZ");
-    Check(load.AddOrUpdate(nullptr) != 1, types.Where(r));
+    CheckWritten(load.AddOrUpdate(nullptr) != 1, types.Where(r));
     ClearColumns(db, "RULoadParam", load.GetID(), null);
   }
 }

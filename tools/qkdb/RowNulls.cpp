@@ -6,6 +6,10 @@
 
 namespace qkdb {
 
+void CheckWritten(bool ok, const std::string& what) {
+  if (!ok) throw DataError("cannot write " + what);
+}
+
 void ClearColumns(CADODatabase& db, const std::string& table, long id, const std::vector<std::string>& columns) {
   if (columns.empty()) return;
   std::string sql = "UPDATE " + table + " SET ";

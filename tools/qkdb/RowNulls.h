@@ -10,6 +10,8 @@ class CADODatabase;
 
 namespace qkdb {
 
+// Throws DataError "cannot write <what>" unless ok: the record verbs' results, checked as rows go in.
+void CheckWritten(bool ok, const std::string& what);
 // Sets columns of the row with key id in table to null. Throws DataError when the statement fails.
 void ClearColumns(CADODatabase& db, const std::string& table, long id, const std::vector<std::string>& columns);
 
