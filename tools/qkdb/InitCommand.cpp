@@ -1,17 +1,14 @@
 #include "InitCommand.h"
 
 #include <CLI/CLI.hpp>
-#include <csignal>
 #include <cstdio>
-#include <cstring>
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <sqlite3.h>
 #include <sstream>
-#include <unistd.h>
 
+#include "AtomicFile.h"
 #include "CatalogueLoader.h"
 #include "CsvTable.h"
 #include "PlaceLoader.h"
@@ -26,27 +23,6 @@ namespace qkdb {
 namespace {
 
 namespace fs = std::filesystem;
-
-// The temporary file being built, for the signal handler: a fixed buffer, as a handler may not
-// allocate. Empty when no build is under way.
-char g_building[4096];
-char g_journal[4096 + 16];
-
-void RemoveTemporary() {
-  if (g_building[0]) {
-    unlink(g_building);
-    unlink(g_journal);
-  }
-}
-
-// Ctrl-C, a hang-up or a polite kill removes the temporary file before the process ends. A SIGKILL
-// cannot be caught: the temporary file then stays beside PATH (its name says what it is), and PATH is
-// still untouched.
-extern "C" void OnSignal(int signal) {
-  RemoveTemporary();
-  std::signal(signal, SIG_DFL);
-  std::raise(signal);
-}
 
 std::string ReadText(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);
@@ -83,28 +59,6 @@ void ReportCounts(CADODatabase& db) {
   }
 }
 
-// The record classes each write on a connection of their own, and SQLite waits for the disk at every
-// commit: some 2000 waits for a build. The temporary file is thrown away when the build does not
-// finish, so its writes need not reach the disk one by one (WriteWithoutWaiting); FlushFile makes them
-// durable once, before the rename.
-void FlushFile(const std::string& path) {
-  int fd = open(path.c_str(), O_RDWR);
-  if (fd < 0 || fsync(fd) != 0) {
-    if (fd >= 0) close(fd);
-    throw DataError("cannot write " + path + " to disk: " + std::strerror(errno));
-  }
-  close(fd);
-}
-
-// Flushes the folder's entry for the renamed file, so the rename itself survives a power cut.
-void SyncFolder(const fs::path& folder) {
-  int fd = open(folder.c_str(), O_RDONLY | O_DIRECTORY);
-  if (fd >= 0) {
-    fsync(fd);
-    close(fd);
-  }
-}
-
 }  // namespace
 
 InitCommand::InitCommand(CLI::App& parent) {
@@ -130,61 +84,28 @@ int InitCommand::Run() const {
     std::cerr << "qkdb: " << path << " already exists (--force replaces it)\n";
     return 1;
   }
-  if (!fs::is_directory(target.parent_path(), ec)) {
-    std::cerr << "qkdb: no folder " << target.parent_path().string() << " to build " << path << " in\n";
-    return 1;
-  }
-
-  // The temporary file stands in PATH's folder, so the final rename stays on one file system.
-  std::string temporary = target.string() + ".building-XXXXXX";
-  if (temporary.size() >= sizeof g_building) {
-    std::cerr << "qkdb: the path " << path << " is too long\n";
-    return 2;
-  }
-  // The signals wait while the file is made and named, so the handler never sees it half-named.
-  sigset_t signals, previous;
-  sigemptyset(&signals);
-  for (int signal : {SIGINT, SIGTERM, SIGHUP}) {
-    sigaddset(&signals, signal);
-    std::signal(signal, OnSignal);
-  }
-  sigprocmask(SIG_BLOCK, &signals, &previous);
-  std::strcpy(g_building, temporary.c_str());
-  const int fd = mkstemp(g_building);
-  const int error = errno;
-  if (fd < 0)
-    g_building[0] = '\0';
-  else
-    std::snprintf(g_journal, sizeof g_journal, "%s-journal", g_building);
-  sigprocmask(SIG_SETMASK, &previous, nullptr);
-  if (fd < 0) {
-    std::cerr << "qkdb: cannot create a file beside " << path << ": " << std::strerror(error) << "\n";
-    return 1;
-  }
-  close(fd);
-  temporary = g_building;
 
   try {
-    CreateSchema(temporary, ReadText(data / "schema.sql"));
-    BindRecordClasses(temporary);
+    // The record classes each write on a connection of their own, and SQLite waits for the disk at
+    // every commit: some 2000 waits for a build. The temporary file is thrown away unless the build
+    // finishes, so its writes need not reach the disk one by one (WriteWithoutWaiting); Commit makes
+    // them durable once, before the rename.
+    AtomicFile building(target, "building");
+    CreateSchema(building.Path(), ReadText(data / "schema.sql"));
+    BindRecordClasses(building.Path());
     WriteWithoutWaiting();
     CADODatabase db;
-    if (!db.OpenAccess(CString::FromUtf8(temporary), L"", L""))
-      throw DataError("cannot open " + temporary + ": " + db.GetLastError().ToUtf8());
+    if (!db.OpenAccess(CString::FromUtf8(building.Path()), L"", L""))
+      throw DataError("cannot open " + building.Path() + ": " + db.GetLastError().ToUtf8());
     db.Execute(L"PRAGMA synchronous = OFF");
     LoadPlaces(data, db);
     LoadCatalogue(data, db);
     LoadRooms(data, db);
     std::printf("Built %s from %s:\n", path.c_str(), data.string().c_str());
     ReportCounts(db);
-    FlushFile(temporary);
-    if (std::rename(temporary.c_str(), target.c_str()) != 0)
-      throw DataError("cannot move the built database onto " + path + ": " + std::strerror(errno));
-    g_building[0] = '\0';
-    SyncFolder(target.parent_path());
+    db.Close();
+    building.Commit();
   } catch (const DataError& e) {
-    RemoveTemporary();
-    g_building[0] = '\0';
     std::cerr << "qkdb: " << e.what() << "\n";
     return 1;
   }
