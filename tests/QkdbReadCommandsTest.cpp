@@ -18,6 +18,7 @@
 #include <string>
 #include <vector>
 
+#include "QkdbRun.h"
 #include "TestDatabase.h"
 #include "datakit/CADataExchange.h"
 #include "datakit/CADataProp.h"
@@ -28,40 +29,6 @@ namespace {
 using nlohmann::json;
 
 constexpr double kDegree = std::numbers::pi / 180.0;
-
-struct ToolRun {
-  int status = -1;
-  std::string out;
-  std::string err;
-};
-
-std::string Slurp(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
-// Runs "qkdb args" with standard output and standard error kept apart; env is put before the command
-// ("NAME=value " for the shell).
-ToolRun Qkdb(const std::string& args, const std::string& env = "") {
-  const std::string base = testing::TempDir() + "qkdb_read_" + std::to_string(getpid());
-  const std::string out = base + ".out";
-  const std::string err = base + ".err";
-  const std::string command = env + std::string(QKDB_PATH) + " " + args + " </dev/null >'" + out + "' 2>'" + err + "'";
-  const int status = std::system(command.c_str());
-  ToolRun run;
-  run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  run.out = Slurp(out);
-  run.err = Slurp(err);
-  std::remove(out.c_str());
-  std::remove(err.c_str());
-  return run;
-}
-
-bool IsOneLine(const std::string& text) {
-  return !text.empty() && text.back() == '\n' && text.find('\n') == text.size() - 1;
-}
 
 // The line of text that starts with start followed by a blank; "" when there is none.
 std::string LineStarting(const std::string& text, const std::string& start) {

@@ -1,0 +1,159 @@
+#include "EpwPlace.h"
+
+#include <cmath>
+#include <numbers>
+#include <sqlite3.h>
+#include <sstream>
+#include <variant>
+#include <vector>
+
+#include "CsvTable.h"
+#include "geography/CQKCity.h"
+#include "geography/CQKCountry.h"
+#include "geography/CQKProvince.h"
+#include "mfc/CString.h"
+
+namespace qkdb {
+
+namespace {
+
+// The station's position may differ this much, in degrees of latitude and of longitude, from a
+// weather row's and still be taken for the same station.
+constexpr double kSameStation = 0.05;
+
+// A read-only connection for the lookups, with bound parameters so names with quotes are safe.
+class Lookup {
+ public:
+  explicit Lookup(const std::string& path) {
+    if (sqlite3_open_v2(path.c_str(), &m_db, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK)
+      throw DataError("cannot open " + path + ": " + sqlite3_errmsg(m_db));
+  }
+  ~Lookup() { sqlite3_close(m_db); }
+  Lookup(const Lookup&) = delete;
+  Lookup& operator=(const Lookup&) = delete;
+
+  // The rows of sql with its parameters bound, each row as its columns' texts ("" for null). Numbers
+  // are bound as numbers: SQLite compares a number with a text by type, not by value.
+  std::vector<std::vector<std::string>> Rows(const std::string& sql, const std::vector<std::variant<std::string, double>>& values = {}) {
+    sqlite3_stmt* stmt = nullptr;
+    if (sqlite3_prepare_v2(m_db, sql.c_str(), -1, &stmt, nullptr) != SQLITE_OK) Fail();
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      const int at = static_cast<int>(i + 1);
+      if (const auto* text = std::get_if<std::string>(&values[i]))
+        sqlite3_bind_text(stmt, at, text->c_str(), -1, SQLITE_TRANSIENT);
+      else
+        sqlite3_bind_double(stmt, at, std::get<double>(values[i]));
+    }
+    std::vector<std::vector<std::string>> rows;
+    int rc = SQLITE_ROW;
+    while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
+      std::vector<std::string> row;
+      for (int c = 0; c < sqlite3_column_count(stmt); ++c) {
+        const auto* text = sqlite3_column_text(stmt, c);
+        row.emplace_back(text ? reinterpret_cast<const char*>(text) : "");
+      }
+      rows.push_back(std::move(row));
+    }
+    sqlite3_finalize(stmt);
+    if (rc != SQLITE_DONE) Fail();
+    return rows;
+  }
+
+ private:
+  [[noreturn]] void Fail() { throw DataError(std::string("cannot look the station up: ") + sqlite3_errmsg(m_db)); }
+  sqlite3* m_db = nullptr;
+};
+
+// The city of a weather row with its province and country names; the queries add columns after these.
+const std::string kPlace = "SELECT c.ID, c.Name, p.Name, k.Name";
+const std::string kOfWeather =
+    " FROM Weather w JOIN City c ON c.ID = w.CId LEFT JOIN Province p ON p.ID = c.PId "
+    "LEFT JOIN Country k ON k.ID = p.CId ";
+
+EpwPlace Found(const std::vector<std::string>& row, std::string how) {
+  return EpwPlace{std::stol(row[0]), row[1], row[2], row[3], std::move(how)};
+}
+
+bool NamesStation(const std::string& epwName, const std::string& wmo) {
+  std::string word;
+  for (char c : epwName + ".") {
+    if (c == '.' || c == '_') {
+      if (word == wmo) return true;
+      word.clear();
+    } else {
+      word += c;
+    }
+  }
+  return false;
+}
+
+double Degrees(const std::string& radians) { return std::stod(radians) * 180.0 / std::numbers::pi; }
+
+// The place records look names up in SQL texts of their own, which cannot hold a double quote.
+void CheckName(const std::string& name, const char* what) {
+  if (name.empty()) throw DataError(std::string("the ") + what + " has no name (give it with --" + what + ")");
+  if (name.find('"') != std::string::npos)
+    throw DataError(std::string("the ") + what + " name " + name + " holds a double quote, which place names cannot");
+}
+
+template <typename Record>
+const char* Add(Record& record, const std::string& what) {
+  const QKLoad::DBStatusCode status = record.AddIfNotExist(nullptr, 1);
+  if (status == QKLoad::DBS_ERROR) throw DataError("cannot write the " + what);
+  return status == QKLoad::DBS_ADDED ? "added" : "found";
+}
+
+EpwPlace AddByNames(const std::string& cityName, const std::string& provinceName, const std::string& countryName) {
+  CheckName(countryName, "country");
+  CheckName(provinceName, "province");
+  CheckName(cityName, "city");
+  CQKCountry country;
+  country.Name = CString::FromUtf8(countryName);
+  const char* countryHow = Add(country, "country " + countryName);
+  CQKProvince province;
+  province.CId = country.GetID();
+  province.Name = CString::FromUtf8(provinceName);
+  const char* provinceHow = Add(province, "province " + provinceName);
+  CQKCity city;
+  city.PId = province.GetID();
+  city.Name = CString::FromUtf8(cityName);
+  const char* cityHow = Add(city, "city " + cityName);
+  std::ostringstream how;
+  how << "by its names: city " << cityHow << ", province " << provinceHow << ", country " << countryHow;
+  return EpwPlace{city.GetID(), cityName, provinceName, countryName, how.str()};
+}
+
+}  // namespace
+
+EpwPlace FindOrAddPlace(const std::string& path, const std::string& fileName, const EpwLocation& location,
+                        const PlaceNames& names) {
+  if (names.city.empty()) {
+    Lookup lookup(path);
+    auto rows = lookup.Rows(kPlace + kOfWeather + "WHERE w.EpwName = ?1 ORDER BY w.ID", {fileName});
+    if (!rows.empty()) return Found(rows.front(), "by its weather file's name");
+
+    if (!location.wmo.empty())
+      for (const auto& row : lookup.Rows(kPlace + ", w.EpwName" + kOfWeather + "WHERE w.EpwName <> '' ORDER BY w.ID"))
+        if (NamesStation(row[4], location.wmo))
+          return Found(row, "by its WMO station " + location.wmo + " (weather file " + row[4] + ")");
+
+    // Positions are stored in radians.
+    const double toRadians = std::numbers::pi / 180.0;
+    rows = lookup.Rows(kPlace + ", w.JD, w.WD" + kOfWeather +
+                        "WHERE (w.EpwName IS NULL OR w.EpwName = '') AND abs(w.WD - ?1) <= ?3 AND abs(w.JD - ?2) <= ?3 "
+                        "ORDER BY (w.WD - ?1) * (w.WD - ?1) + (w.JD - ?2) * (w.JD - ?2), w.ID",
+                       {location.latitude * toRadians, location.longitude * toRadians, kSameStation * toRadians});
+    if (!rows.empty()) {
+      std::ostringstream how;
+      how.precision(4);
+      how << std::fixed << "by its position: its weather row stands at " << Degrees(rows.front()[4]) << "° E, "
+          << Degrees(rows.front()[5]) << "° N";
+      return Found(rows.front(), how.str());
+    }
+  }
+  return AddByNames(names.city.empty() ? location.city : names.city,
+                    names.province.empty() ? location.region : names.province,
+                    names.country.empty() ? location.country : names.country);
+}
+
+}  // namespace qkdb

@@ -1,0 +1,272 @@
+#include "ImportEpwCommand.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <filesystem>
+#include <iostream>
+#include <numbers>
+#include <sqlite3.h>
+#include <vector>
+
+#include "AtomicFile.h"
+#include "CsvTable.h"
+#include "EpwFile.h"
+#include "EpwPlace.h"
+#include "ReferenceDatabase.h"
+#include "mfc/CString.h"
+#include "weather/CQKWeather.h"
+
+namespace qkdb {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// The fourteen design-day items the weather table holds, after their "Sum"/"Win" prefix.
+const char* const kDesignDayItems[] = {"MaxDryBulbTemp", "DailyTempRange", "HumMaxDryBulb", "BarPress",
+                                       "WindSpeed",      "WindDirection",  "SkyClearness",  "RainIndicator",
+                                       "SnowIndicator",  "DayOfMonth",     "Month",         "DayType",
+                                       "DSTIndicator",   "HumIndType"};
+
+// Standard-atmosphere pressure at an elevation, Pa, rounded to 1 Pa: ASHRAE Fundamentals (2009),
+// chapter 1, equation 3, p = 101.325 (1 − 2.25577·10⁻⁵ Z)^5.2559 kPa. A design day is computed at the
+// station's standard pressure, as EnergyPlus design-day files are.
+double StandardPressure(double elevation) {
+  return std::round(101325.0 * std::pow(1.0 - 2.25577e-5 * elevation, 5.2559));
+}
+
+// The design days the way EnergyPlus's design-day files build them from the same conditions: the
+// 21st of the hottest (coldest) month; in summer the 0.4 % dry-bulb with its daily range and its mean
+// coincident wet-bulb (humidity type 0, wet-bulb), a clear sky; in winter the 99.6 % dry-bulb held all
+// day (range 0, wet-bulb taken equal to it), no sun. Day types keep the weather value's own coding:
+// 1 summer design day, 0 winter design day.
+void FillDesignDays(const EpwFile& epw, CQKWeather& w) {
+  const double pressure = StandardPressure(epw.location.elevation);
+  if (epw.cooling) {
+    const EpwCooling& c = *epw.cooling;
+    CQKDesignData& d = w.SumDesignDay;
+    d.Month = c.hottestMonth;
+    d.DayOfMonth = 21;
+    d.DayType = 1;
+    d.MaxDryBulbTemp = c.dryBulb;
+    d.DailyTempRange = c.dailyRange;
+    d.HumIndType = 0;
+    d.HumMaxDryBulb = c.wetBulb;
+    d.BarPress = pressure;
+    d.WindSpeed = c.windSpeed;
+    d.WindDirection = c.windDirection;
+    d.SkyClearness = 1.0;
+    d.RainIndicator = d.SnowIndicator = d.DSTIndicator = 0;
+  }
+  if (epw.heating) {
+    const EpwHeating& h = *epw.heating;
+    CQKDesignData& d = w.WinDesignDay;
+    d.Month = h.coldestMonth;
+    d.DayOfMonth = 21;
+    d.DayType = 0;
+    d.MaxDryBulbTemp = h.dryBulb;
+    d.DailyTempRange = 0.0;
+    d.HumIndType = 0;
+    d.HumMaxDryBulb = h.dryBulb;
+    d.BarPress = pressure;
+    d.WindSpeed = h.windSpeed;
+    d.WindDirection = h.windDirection;
+    d.SkyClearness = 0.0;
+    d.RainIndicator = d.SnowIndicator = d.DSTIndicator = 0;
+  }
+}
+
+// The weather columns this import writes; every other column keeps what the row held.
+std::vector<std::string> ImportedColumns(const EpwFile& epw) {
+  std::vector<std::string> columns = {"EpwName", "JD", "WD", "TimeZone", "Elevation"};
+  for (const char* item : kDesignDayItems) {
+    if (epw.cooling) columns.push_back(std::string("Sum") + item);
+    if (epw.heating) columns.push_back(std::string("Win") + item);
+  }
+  return columns;
+}
+
+// A connection of our own to the copy, for the steps the record classes have no verb for.
+class Connection {
+ public:
+  explicit Connection(const std::string& path) {
+    if (sqlite3_open_v2(path.c_str(), &m_db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) Fail("open " + path);
+  }
+  ~Connection() { sqlite3_close(m_db); }
+  Connection(const Connection&) = delete;
+  Connection& operator=(const Connection&) = delete;
+  sqlite3* Handle() const { return m_db; }
+  void Execute(const std::string& sql, const char* what) {
+    if (sqlite3_exec(m_db, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) Fail(what);
+  }
+  [[noreturn]] void Fail(const std::string& what) const {
+    throw DataError("cannot " + what + ": " + (m_db ? sqlite3_errmsg(m_db) : "out of memory"));
+  }
+
+ private:
+  sqlite3* m_db = nullptr;
+};
+
+// Copies the database at from into the empty file at to, page by page, under a read lock, so the copy
+// is consistent even while other programs read. The copy keeps a rollback journal whatever the
+// original uses, so no write-ahead log is left beside it when it is renamed.
+void CopyDatabase(const std::string& from, const std::string& to) {
+  Connection source(from);
+  Connection copy(to);
+  sqlite3_backup* backup = sqlite3_backup_init(copy.Handle(), "main", source.Handle(), "main");
+  if (!backup) copy.Fail("copy " + from);
+  const int rc = sqlite3_backup_step(backup, -1);
+  sqlite3_backup_finish(backup);
+  if (rc != SQLITE_DONE) copy.Fail("copy " + from + " (is it locked by another program?)");
+  copy.Execute("PRAGMA journal_mode = DELETE", "set the copy's journal");
+}
+
+// The record writes every item of the weather value; the columns the EPW file does not give are then
+// put back as the original database held them, bit for bit, null included (a row the import added
+// has no original: its other columns become null, "not given"). Reading the row into the record and
+// writing it back instead would turn null into Beijing's default and pass percentages through a
+// fraction and back.
+void KeepOtherColumns(const std::string& copyPath, const std::string& original, long id,
+                      const std::vector<std::string>& imported) {
+  Connection db(copyPath);
+  std::vector<std::string> others;
+  {
+    sqlite3_stmt* stmt = nullptr;
+    if (sqlite3_prepare_v2(db.Handle(), "SELECT name FROM pragma_table_info('Weather')", -1, &stmt, nullptr) != SQLITE_OK)
+      db.Fail("read the weather columns");
+    while (sqlite3_step(stmt) == SQLITE_ROW) {
+      const std::string name = reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0));
+      if (name != "ID" && name != "CId" && std::find(imported.begin(), imported.end(), name) == imported.end())
+        others.push_back(name);
+    }
+    sqlite3_finalize(stmt);
+  }
+  if (others.empty()) return;
+  sqlite3_stmt* attach = nullptr;
+  sqlite3_prepare_v2(db.Handle(), "ATTACH DATABASE ?1 AS original", -1, &attach, nullptr);
+  sqlite3_bind_text(attach, 1, original.c_str(), -1, SQLITE_TRANSIENT);
+  const int rc = sqlite3_step(attach);
+  sqlite3_finalize(attach);
+  if (rc != SQLITE_DONE) db.Fail("read " + original);
+  std::string sql = "UPDATE main.Weather SET ";
+  for (std::size_t i = 0; i < others.size(); ++i)
+    sql += (i ? ", \"" : "\"") + others[i] + "\" = (SELECT \"" + others[i] + "\" FROM original.Weather WHERE ID = " +
+           std::to_string(id) + ")";
+  db.Execute(sql + " WHERE ID = " + std::to_string(id), "keep the weather items the file does not give");
+}
+
+// Adds the city's weather row, or overwrites the one it has. Returns the row's key.
+long WriteWeather(CQKWeather& w, bool& added) {
+  switch (w.IsExist(nullptr)) {
+    case QKLoad::DBS_NOTEXIST:
+      added = true;
+      if (w.AddIfNotExist(nullptr, 0) != QKLoad::DBS_ADDED) throw DataError("cannot add the weather row");
+      return w.GetID();
+    case QKLoad::DBS_EXIST:
+      added = false;
+      if (w.GetID() <= 0) throw DataError("the city has several weather rows; the import cannot tell which to update");
+      if (!w.UpdateData(w.GetID())) throw DataError("cannot update the weather row");
+      return w.GetID();
+    default:
+      throw DataError("cannot read the weather table");
+  }
+}
+
+void Report(const EpwFile& epw, const EpwPlace& place, bool added, long id) {
+  const EpwLocation& l = epw.location;
+  std::printf("%s, %s, %s (city ID %ld), found %s\n", place.city.c_str(), place.province.c_str(),
+              place.country.c_str(), place.cityId, place.how.c_str());
+  std::printf("Weather row %ld %s: station %s %s, %.4f° %s, %.4f° %s, UTC%+g, %g m\n", id,
+              added ? "added" : "updated", l.wmo.c_str(), l.source.c_str(), std::fabs(l.longitude),
+              l.longitude < 0 ? "W" : "E", std::fabs(l.latitude), l.latitude < 0 ? "S" : "N", l.timeZone,
+              l.elevation);
+  if (epw.cooling) {
+    const EpwCooling& c = *epw.cooling;
+    std::printf("Summer design day %d/21: %g °C dry-bulb, %g K range, %g °C wet-bulb, %.0f Pa, %g m/s from %g°\n",
+                c.hottestMonth, c.dryBulb, c.dailyRange, c.wetBulb, StandardPressure(l.elevation), c.windSpeed,
+                c.windDirection);
+  }
+  if (epw.heating) {
+    const EpwHeating& h = *epw.heating;
+    std::printf("Winter design day %d/21: %g °C dry-bulb, %.0f Pa, %g m/s from %g°\n", h.coldestMonth, h.dryBulb,
+                StandardPressure(l.elevation), h.windSpeed, h.windDirection);
+  }
+  if (!epw.cooling || !epw.heating)
+    std::printf("The file gives no %s design conditions: %s kept as %s.\n",
+                !epw.cooling && !epw.heating ? "heating or cooling" : (!epw.cooling ? "cooling" : "heating"),
+                !epw.cooling && !epw.heating ? "both design days are" : "that design day is",
+                added ? "not given (null)" : "they were");
+}
+
+}  // namespace
+
+ImportEpwCommand::ImportEpwCommand(CLI::App& parent) {
+  m_app = parent.add_subcommand("import-epw",
+                                "Add or update a city's weather from an EnergyPlus weather file (.epw): its position, "
+                                "time zone, elevation and ASHRAE design days");
+  m_app->add_option("file", m_file, "The EPW file")->required();
+  m_app->add_option("--db", m_db, "The reference database (default: $QKDB_DATABASE, else " +
+                                       DefaultDatabasePath() + ")");
+  m_app->add_option("--city", m_city, "Put the station in this city instead of recognising it");
+  m_app->add_option("--province", m_province, "With --city: the city's province (default: the file's region)")
+      ->needs("--city");
+  m_app->add_option("--country", m_country, "With --city: the province's country (default: the file's country)")
+      ->needs("--city");
+}
+
+bool ImportEpwCommand::Chosen() const { return m_app->parsed(); }
+
+int ImportEpwCommand::Run() const {
+  EpwFile epw;
+  try {
+    epw = EpwFile::Read(m_file);
+  } catch (const DataError& e) {
+    std::cerr << "qkdb: " << e.what() << "\n";
+    return 2;
+  }
+  const std::string path = ChooseDatabase(m_db);
+  if (path.find("://") != std::string::npos) {
+    std::fputs("qkdb: import-epw changes an SQLite file; give --db a file path\n", stderr);
+    return 2;
+  }
+  std::error_code ec;
+  if (!fs::is_regular_file(path, ec)) {
+    std::cerr << "qkdb: no reference database at " << path << " (build it with \"qkdb init\", or choose one with --db)\n";
+    return 1;
+  }
+
+  try {
+    AtomicFile copy(path, "importing");
+    CopyDatabase(path, copy.Path());
+    const std::string problem = OpenForReading(copy.Path());  // binds the record classes to the copy
+    if (!problem.empty()) throw DataError(path + " cannot take the station: " + problem);
+    WriteWithoutWaiting();
+
+    const std::string fileName = fs::path(m_file).filename().string();
+    const EpwPlace place = FindOrAddPlace(copy.Path(), fileName, epw.location, {m_city, m_province, m_country});
+    CQKWeather weather;
+    weather.CId = place.cityId;
+    weather.EpwName = CString::FromUtf8(fileName);
+    weather.JD = epw.location.longitude * std::numbers::pi / 180.0;  // radians, as the value holds them
+    weather.WD = epw.location.latitude * std::numbers::pi / 180.0;
+    weather.TimeZone = epw.location.timeZone;
+    weather.Elevation = epw.location.elevation;
+    FillDesignDays(epw, weather);
+    bool added = false;
+    const long id = WriteWeather(weather, added);
+    KeepOtherColumns(copy.Path(), fs::absolute(path).string(), id, ImportedColumns(epw));
+    if (fs::exists(path + "-wal", ec))
+      throw DataError(path + " is open in another program (its write-ahead log is beside it); nothing imported");
+    copy.Commit();
+    std::printf("Imported %s into %s:\n", fileName.c_str(), path.c_str());
+    Report(epw, place, added, id);
+  } catch (const DataError& e) {
+    std::cerr << "qkdb: " << e.what() << "\n";
+    return 1;
+  }
+  return 0;
+}
+
+}  // namespace qkdb
