@@ -187,9 +187,9 @@ TEST_F(QkdbImportEpw, SampleClimateReadsBackThroughTheLibrary) {
 }
 
 // The design day's pressure is the standard atmosphere's at the station's height. Checked against
-// values printed elsewhere, to the pascal: the weather value's own default day, 100950 Pa for
-// Beijing's 31.3 m, and ASHRAE Fundamentals' table of the standard atmosphere, 89.875 kPa at 1000 m
-// (printed to 1 Pa; the formula behind it rounds the same way).
+// values printed elsewhere: the weather value's own default day, 100950 Pa for Beijing's 31.3 m, and
+// ASHRAE Fundamentals' table of the standard atmosphere, 89.875 kPa at 1000 m, within 1 Pa: the table
+// and the import both round to whole pascals.
 TEST_F(QkdbImportEpw, DesignDayPressureIsTheStandardAtmosphereAtTheStationsElevation) {
   const CQKWeatherData defaults;
   ASSERT_EQ(Import(Write("a.epw", EpwText("LOCATION,Beijing,Beijing,CHN,CSWD,545110,39.80,116.47,8.0,31.3"))).status, 0);
