@@ -2,12 +2,11 @@
 
 #include <cmath>
 #include <numbers>
-#include <sqlite3.h>
 #include <sstream>
-#include <variant>
 #include <vector>
 
 #include "CsvTable.h"
+#include "SqliteConnection.h"
 #include "geography/CQKCity.h"
 #include "geography/CQKCountry.h"
 #include "geography/CQKProvince.h"
@@ -20,49 +19,6 @@ namespace {
 // The station's position may differ this much, in degrees of latitude and of longitude, from a
 // weather row's and still be taken for the same station.
 constexpr double kSameStation = 0.05;
-
-// A read-only connection for the lookups, with bound parameters so names with quotes are safe.
-class Lookup {
- public:
-  explicit Lookup(const std::string& path) {
-    if (sqlite3_open_v2(path.c_str(), &m_db, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK)
-      throw DataError("cannot open " + path + ": " + sqlite3_errmsg(m_db));
-  }
-  ~Lookup() { sqlite3_close(m_db); }
-  Lookup(const Lookup&) = delete;
-  Lookup& operator=(const Lookup&) = delete;
-
-  // The rows of sql with its parameters bound, each row as its columns' texts ("" for null). Numbers
-  // are bound as numbers: SQLite compares a number with a text by type, not by value.
-  std::vector<std::vector<std::string>> Rows(const std::string& sql, const std::vector<std::variant<std::string, double>>& values = {}) {
-    sqlite3_stmt* stmt = nullptr;
-    if (sqlite3_prepare_v2(m_db, sql.c_str(), -1, &stmt, nullptr) != SQLITE_OK) Fail();
-    for (std::size_t i = 0; i < values.size(); ++i) {
-      const int at = static_cast<int>(i + 1);
-      if (const auto* text = std::get_if<std::string>(&values[i]))
-        sqlite3_bind_text(stmt, at, text->c_str(), -1, SQLITE_TRANSIENT);
-      else
-        sqlite3_bind_double(stmt, at, std::get<double>(values[i]));
-    }
-    std::vector<std::vector<std::string>> rows;
-    int rc = SQLITE_ROW;
-    while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
-      std::vector<std::string> row;
-      for (int c = 0; c < sqlite3_column_count(stmt); ++c) {
-        const auto* text = sqlite3_column_text(stmt, c);
-        row.emplace_back(text ? reinterpret_cast<const char*>(text) : "");
-      }
-      rows.push_back(std::move(row));
-    }
-    sqlite3_finalize(stmt);
-    if (rc != SQLITE_DONE) Fail();
-    return rows;
-  }
-
- private:
-  [[noreturn]] void Fail() { throw DataError(std::string("cannot look the station up: ") + sqlite3_errmsg(m_db)); }
-  sqlite3* m_db = nullptr;
-};
 
 // The city of a weather row with its province and country names; the queries add columns after these.
 const std::string kPlace = "SELECT c.ID, c.Name, p.Name, k.Name";
@@ -128,12 +84,13 @@ EpwPlace AddByNames(const std::string& cityName, const std::string& provinceName
 EpwPlace FindOrAddPlace(const std::string& path, const std::string& fileName, const EpwLocation& location,
                         const PlaceNames& names) {
   if (names.city.empty()) {
-    Lookup lookup(path);
-    auto rows = lookup.Rows(kPlace + kOfWeather + "WHERE w.EpwName = ?1 ORDER BY w.ID", {fileName});
+    SqliteConnection lookup(path, true);
+    const std::string what = "look the station up";
+    auto rows = lookup.Rows(kPlace + kOfWeather + "WHERE w.EpwName = ?1 ORDER BY w.ID", {fileName}, what);
     if (!rows.empty()) return Found(rows.front(), "by its weather file's name");
 
     if (!location.wmo.empty())
-      for (const auto& row : lookup.Rows(kPlace + ", w.EpwName" + kOfWeather + "WHERE w.EpwName <> '' ORDER BY w.ID"))
+      for (const auto& row : lookup.Rows(kPlace + ", w.EpwName" + kOfWeather + "WHERE w.EpwName <> '' ORDER BY w.ID", {}, what))
         if (NamesStation(row[4], location.wmo))
           return Found(row, "by its WMO station " + location.wmo + " (weather file " + row[4] + ")");
 
@@ -142,7 +99,7 @@ EpwPlace FindOrAddPlace(const std::string& path, const std::string& fileName, co
     rows = lookup.Rows(kPlace + ", w.JD, w.WD" + kOfWeather +
                         "WHERE (w.EpwName IS NULL OR w.EpwName = '') AND abs(w.WD - ?1) <= ?3 AND abs(w.JD - ?2) <= ?3 "
                         "ORDER BY (w.WD - ?1) * (w.WD - ?1) + (w.JD - ?2) * (w.JD - ?2), w.ID",
-                       {location.latitude * toRadians, location.longitude * toRadians, kSameStation * toRadians});
+                       {location.latitude * toRadians, location.longitude * toRadians, kSameStation * toRadians}, what);
     if (!rows.empty()) {
       std::ostringstream how;
       how.precision(4);

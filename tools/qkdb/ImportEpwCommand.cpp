@@ -15,6 +15,7 @@
 #include "EpwFile.h"
 #include "EpwPlace.h"
 #include "ReferenceDatabase.h"
+#include "SqliteConnection.h"
 #include "mfc/CString.h"
 #include "weather/CQKWeather.h"
 
@@ -88,33 +89,12 @@ std::vector<std::string> ImportedColumns(const EpwFile& epw) {
   return columns;
 }
 
-// A connection of our own to the copy, for the steps the record classes have no verb for.
-class Connection {
- public:
-  explicit Connection(const std::string& path) {
-    if (sqlite3_open_v2(path.c_str(), &m_db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) Fail("open " + path);
-  }
-  ~Connection() { sqlite3_close(m_db); }
-  Connection(const Connection&) = delete;
-  Connection& operator=(const Connection&) = delete;
-  sqlite3* Handle() const { return m_db; }
-  void Execute(const std::string& sql, const char* what) {
-    if (sqlite3_exec(m_db, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) Fail(what);
-  }
-  [[noreturn]] void Fail(const std::string& what) const {
-    throw DataError("cannot " + what + ": " + (m_db ? sqlite3_errmsg(m_db) : "out of memory"));
-  }
-
- private:
-  sqlite3* m_db = nullptr;
-};
-
 // Copies the database at from into the empty file at to, page by page, under a read lock, so the copy
 // is consistent even while other programs read. The copy keeps a rollback journal whatever the
 // original uses, so no write-ahead log is left beside it when it is renamed.
 void CopyDatabase(const std::string& from, const std::string& to) {
-  Connection source(from);
-  Connection copy(to);
+  SqliteConnection source(from, true);
+  SqliteConnection copy(to);
   sqlite3_backup* backup = sqlite3_backup_init(copy.Handle(), "main", source.Handle(), "main");
   if (!backup) copy.Fail("copy " + from);
   const int rc = sqlite3_backup_step(backup, -1);
@@ -130,26 +110,13 @@ void CopyDatabase(const std::string& from, const std::string& to) {
 // fraction and back.
 void KeepOtherColumns(const std::string& copyPath, const std::string& original, long id,
                       const std::vector<std::string>& imported) {
-  Connection db(copyPath);
+  SqliteConnection db(copyPath);
   std::vector<std::string> others;
-  {
-    sqlite3_stmt* stmt = nullptr;
-    if (sqlite3_prepare_v2(db.Handle(), "SELECT name FROM pragma_table_info('Weather')", -1, &stmt, nullptr) != SQLITE_OK)
-      db.Fail("read the weather columns");
-    while (sqlite3_step(stmt) == SQLITE_ROW) {
-      const std::string name = reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0));
-      if (name != "ID" && name != "CId" && std::find(imported.begin(), imported.end(), name) == imported.end())
-        others.push_back(name);
-    }
-    sqlite3_finalize(stmt);
-  }
+  for (const auto& row : db.Rows("SELECT name FROM pragma_table_info('Weather')", {}, "read the weather columns"))
+    if (row[0] != "ID" && row[0] != "CId" && std::find(imported.begin(), imported.end(), row[0]) == imported.end())
+      others.push_back(row[0]);
   if (others.empty()) return;
-  sqlite3_stmt* attach = nullptr;
-  sqlite3_prepare_v2(db.Handle(), "ATTACH DATABASE ?1 AS original", -1, &attach, nullptr);
-  sqlite3_bind_text(attach, 1, original.c_str(), -1, SQLITE_TRANSIENT);
-  const int rc = sqlite3_step(attach);
-  sqlite3_finalize(attach);
-  if (rc != SQLITE_DONE) db.Fail("read " + original);
+  db.Rows("ATTACH DATABASE ?1 AS original", {original}, "read " + original);
   std::string sql = "UPDATE main.Weather SET ";
   for (std::size_t i = 0; i < others.size(); ++i)
     sql += (i ? ", \"" : "\"") + others[i] + "\" = (SELECT \"" + others[i] + "\" FROM original.Weather WHERE ID = " +
