@@ -9,6 +9,7 @@
 #include <iostream>
 #include <string>
 
+#include "ImportAccessCommand.h"
 #include "InitCommand.h"
 #include "ThicknessCommand.h"
 #include "TreeCommand.h"
@@ -26,6 +27,7 @@ int main(int argc, char** argv) {
   qkdb::WeatherCommand weather(app);
   qkdb::TreeCommand tree(app);
   qkdb::WallsCommand walls(app);
+  qkdb::ImportAccessCommand importAccess(app);
 
   try {
     app.parse(argc, argv);
@@ -50,6 +52,7 @@ int main(int argc, char** argv) {
   if (weather.Chosen()) return weather.Run();
   if (tree.Chosen()) return tree.Run();
   if (walls.Chosen()) return walls.Run();
+  if (importAccess.Chosen()) return importAccess.Run();
   std::cerr << app.help();
   return 2;
 }
