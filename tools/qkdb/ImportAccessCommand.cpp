@@ -4,6 +4,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
@@ -22,19 +23,29 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// "" when path starts as an Access file does, else why it cannot be one. Every Access file begins
-// with a page header and the engine's name: "Standard Jet DB" (.mdb) or "Standard ACE DB" (.accdb).
+// How long the child reading the Access file may go without a sign of progress before it is taken to
+// be stuck. It beats at least once a second while rows come, so only a loop inside mdbtools (seen on
+// damaged files) stays silent this long.
+constexpr std::chrono::seconds kSilence{10};
+
+// "" when path can be an Access file, else why not. Every Access file begins with a page header and
+// the engine's name, "Standard Jet DB" (.mdb) or "Standard ACE DB" (.accdb), and is a whole number of
+// pages: 2048 bytes for Jet 3 (version byte 0 at offset 0x14), 4096 for later versions. A file cut
+// inside a page is refused here; one cut at a page boundary is caught while reading, when a page it
+// needs is missing.
 std::string NotAccess(const std::string& path) {
   std::error_code ec;
   if (!fs::exists(path, ec)) return "no file " + path;
   if (fs::is_directory(path, ec)) return path + " is a folder, not an Access file";
   std::ifstream in(path, std::ios::binary);
-  char head[19] = {};
+  char head[0x15] = {};
   if (!in.read(head, sizeof head) && in.gcount() == 0)
     return in.eof() ? path + " is empty, not an Access file" : "cannot read " + path;
   if (in.gcount() < static_cast<std::streamsize>(sizeof head) ||
       (std::memcmp(head + 4, "Standard Jet DB", 15) != 0 && std::memcmp(head + 4, "Standard ACE DB", 15) != 0))
     return path + " is not an Access file (.mdb or .accdb)";
+  const std::uintmax_t page = head[0x14] == 0 ? 2048 : 4096;
+  if (fs::file_size(path, ec) % page != 0) return path + " is cut short: it ends inside a page";
   return "";
 }
 
@@ -163,6 +174,7 @@ int Copy(ChildProcess& child, const std::string& file, const std::string& path, 
   target.Execute("BEGIN");
   std::vector<std::vector<std::string>> report = {{"table", "columns", "read", "written"}};
   for (const std::string& name : tables) {
+    child.Beat();
     AccessTable table = access.OpenTable(name);
     target.Create(table);
     std::vector<AccessValue> row;
@@ -170,6 +182,7 @@ int Copy(ChildProcess& child, const std::string& file, const std::string& path, 
     while (table.Next(row)) {
       target.Insert(row);
       ++read;
+      child.Beat();
     }
     const std::int64_t written = target.Count(name);
     if (written != read)
@@ -216,10 +229,12 @@ int ImportAccessCommand::Run() const {
   try {
     AtomicFile importing(target, "importing");
     const ChildProcess::Outcome outcome = ChildProcess::Run(
-        [&](ChildProcess& child) { return Copy(child, m_file, importing.Path(), m_db, m_tables); });
+        [&](ChildProcess& child) { return Copy(child, m_file, importing.Path(), m_db, m_tables); }, kSilence);
+    if (outcome.silent)
+      return Tell(1, "cannot read " + m_file + ": the Access reader stopped making progress (the file is damaged)");
     if (!outcome.exited)
-      return Tell(1, "cannot read " + m_file + ": the Access reader stopped on signal " +
-                         std::to_string(outcome.status) + " (the file is probably damaged)");
+      return Tell(1, "cannot read " + m_file + ": the Access reader crashed on signal " +
+                         std::to_string(outcome.status) + " (the file is damaged)");
     if (outcome.status != 0) {
       const std::string why = outcome.words.empty()
                                   ? "cannot import " + m_file + " (the reader ended with status " +
@@ -227,6 +242,10 @@ int ImportAccessCommand::Run() const {
                                   : outcome.words;
       return Tell(outcome.status == 2 ? 2 : 1, why);
     }
+    // mdbtools reads on past a page it cannot read (beyond the end of a cut file, of an unknown kind)
+    // and only says so on standard error; whatever it read then is not to be trusted.
+    if (!outcome.complaints.empty())
+      return Tell(1, m_file + " is damaged: mdbtools: " + outcome.complaints.substr(0, outcome.complaints.find('\n')));
     importing.Commit();
     std::fputs(outcome.words.c_str(), stdout);
   } catch (const DataError& e) {
