@@ -27,9 +27,9 @@ MdbCatalogEntry* Entry(MdbHandle* mdb, unsigned i) {
 }  // namespace
 
 AccessFile::AccessFile(const std::string& path) : m_handle(std::make_unique<Handle>()), m_path(path) {
-  // MDB_ICONV would make mdbtools convert Jet 3 text and object names to another character set;
-  // the SQLite file wants UTF-8.
-  unsetenv("MDB_ICONV");
+  // MDBICONV would make mdbtools convert Jet 3 text and object names to another character set than
+  // UTF-8, which SQLite's text is.
+  unsetenv("MDBICONV");
   MdbHandle* mdb = m_handle->mdb = mdb_open(path.c_str(), MDB_NOFLAGS);
   if (!mdb) throw DataError("cannot open " + path + " as an Access database");
   if (!mdb_read_catalog(mdb, MDB_ANY)) throw DataError("cannot read the list of tables of " + path);

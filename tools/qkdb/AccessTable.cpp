@@ -310,8 +310,8 @@ std::string AccessTable::LongValue(int start, int size) const {
   return value;
 }
 
-// Jet 3 files keep text in the code page of the file, which mdbtools converts (to UTF-8, as
-// AccessFile leaves MDB_ICONV unset); later files keep UTF-16, decoded by Utf16Text.
+// Jet 3 files keep text in a single-byte code page, which mdbtools converts to UTF-8 (AccessFile
+// leaves MDBICONV unset); later files keep UTF-16, decoded by Utf16Text.
 std::string AccessTable::Text(const char* bytes, std::size_t size) const {
   MdbHandle* mdb = m_table->entry->mdb;
   if (!IS_JET3(mdb)) return Utf16Text(reinterpret_cast<const unsigned char*>(bytes), size);
