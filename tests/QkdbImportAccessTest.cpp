@@ -33,12 +33,13 @@ std::string Slurp(const fs::path& path) {
   return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
-// Runs "qkdb args" with standard output and standard error kept apart.
-ToolRun Qkdb(const std::string& args) {
+// Runs "qkdb args" with standard output and standard error kept apart; env is put before the command
+// ("NAME=value " for the shell).
+ToolRun Qkdb(const std::string& args, const std::string& env = "") {
   const std::string base = testing::TempDir() + "qkdb_import_" + std::to_string(getpid());
   const std::string out = base + ".out";
   const std::string err = base + ".err";
-  const std::string command = std::string(QKDB_PATH) + " " + args + " </dev/null >'" + out + "' 2>'" + err + "'";
+  const std::string command = env + std::string(QKDB_PATH) + " " + args + " </dev/null >'" + out + "' 2>'" + err + "'";
   const int status = std::system(command.c_str());
   ToolRun run;
   run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
@@ -95,9 +96,9 @@ std::string WalkedDate(long days) {
 class QkdbImportAccessTest : public ::testing::Test {
  protected:
   // Imports the sample file into out.db of the test's folder; skips the test when the sample is absent.
-  ToolRun Import(const std::string& sample, const std::string& options = "") {
+  ToolRun Import(const std::string& sample, const std::string& options = "", const std::string& env = "") {
     m_db = (m_dir.path() / "out.db").string();
-    return Qkdb("import-access '" + Sample(sample).string() + "' --db '" + m_db + "' " + options);
+    return Qkdb("import-access '" + Sample(sample).string() + "' --db '" + m_db + "' " + options, env);
   }
   std::string Query(const std::string& sql) const { return QueryOne(CString::FromUtf8(m_db), sql); }
 
@@ -200,6 +201,13 @@ TEST_F(QkdbImportAccessTest, TablesPicksOnlyThose) {
   EXPECT_TRUE(Reports(run.out, "Shippers", 3, 3)) << run.out;
   EXPECT_TRUE(Reports(run.out, "Categories", 4, 8)) << run.out;
   EXPECT_EQ(run.out.find("Orders"), std::string::npos);
+}
+
+// MDBICONV makes mdbtools give Jet 3 text in another character set; the SQLite file must get UTF-8.
+TEST_F(QkdbImportAccessTest, JetThreeTextIsUtf8WhateverTheEnvironment) {
+  SKIP_WITHOUT("nwind.mdb");
+  ASSERT_EQ(Import("nwind.mdb", "--tables Suppliers", "MDBICONV=ISO-8859-1 ").status, 0);
+  EXPECT_EQ(Query("SELECT CompanyName FROM Suppliers WHERE SupplierID = 9"), "PB Knäckebröd AB");
 }
 
 TEST_F(QkdbImportAccessTest, AnUnknownTableIsRefusedAndNothingWritten) {
