@@ -10,6 +10,7 @@
 #include <string>
 
 #include "ImportEpwCommand.h"
+#include "ImportAccessCommand.h"
 #include "InitCommand.h"
 #include "ThicknessCommand.h"
 #include "TreeCommand.h"
@@ -28,6 +29,7 @@ int main(int argc, char** argv) {
   qkdb::TreeCommand tree(app);
   qkdb::WallsCommand walls(app);
   qkdb::ImportEpwCommand importEpw(app);
+  qkdb::ImportAccessCommand importAccess(app);
 
   try {
     app.parse(argc, argv);
@@ -53,6 +55,7 @@ int main(int argc, char** argv) {
   if (tree.Chosen()) return tree.Run();
   if (walls.Chosen()) return walls.Run();
   if (importEpw.Chosen()) return importEpw.Run();
+  if (importAccess.Chosen()) return importAccess.Run();
   std::cerr << app.help();
   return 2;
 }
