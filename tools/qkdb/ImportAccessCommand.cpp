@@ -17,6 +17,7 @@
 #include "ChildProcess.h"
 #include "CsvTable.h"
 #include "Output.h"
+#include "SqliteConnection.h"
 
 namespace qkdb {
 
@@ -82,19 +83,12 @@ bool SameIgnoringCase(const std::string& a, const std::string& b) {
 // The SQLite file the rows go into, on one connection.
 class Target {
  public:
-  explicit Target(const std::string& path) : m_path(path) {
-    if (sqlite3_open_v2(path.c_str(), &m_db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) Fail("open");
-  }
-  ~Target() {
-    sqlite3_finalize(m_insert);
-    sqlite3_close(m_db);
-  }
+  explicit Target(const std::string& path) : m_path(path), m_db(path) {}
+  ~Target() { sqlite3_finalize(m_insert); }
   Target(const Target&) = delete;
   Target& operator=(const Target&) = delete;
 
-  void Execute(const std::string& sql) {
-    if (sqlite3_exec(m_db, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) Fail("write");
-  }
+  void Execute(const std::string& sql) { m_db.Execute(sql, "write " + m_path); }
   // Creates the table and readies its INSERT, one bound parameter per column.
   void Create(const AccessTable& table) {
     std::string create = "CREATE TABLE " + Quoted(table.Name()) + " (";
@@ -107,7 +101,8 @@ class Target {
     Execute(create + ")");
     sqlite3_finalize(m_insert);
     m_insert = nullptr;
-    if (sqlite3_prepare_v2(m_db, (insert + ")").c_str(), -1, &m_insert, nullptr) != SQLITE_OK) Fail("write");
+    if (sqlite3_prepare_v2(m_db.Handle(), (insert + ")").c_str(), -1, &m_insert, nullptr) != SQLITE_OK)
+      m_db.Fail("write " + m_path);
   }
   void Insert(const std::vector<AccessValue>& row) {
     for (std::size_t i = 0; i < row.size(); ++i) {
@@ -126,26 +121,15 @@ class Target {
     }
     const int rc = sqlite3_step(m_insert);
     sqlite3_reset(m_insert);
-    if (rc != SQLITE_DONE) Fail("write");
+    if (rc != SQLITE_DONE) m_db.Fail("write " + m_path);
   }
   std::int64_t Count(const std::string& table) {
-    sqlite3_stmt* count = nullptr;
-    std::int64_t rows = -1;
-    if (sqlite3_prepare_v2(m_db, ("SELECT COUNT(*) FROM " + Quoted(table)).c_str(), -1, &count, nullptr) == SQLITE_OK &&
-        sqlite3_step(count) == SQLITE_ROW)
-      rows = sqlite3_column_int64(count, 0);
-    sqlite3_finalize(count);
-    if (rows < 0) Fail("count the rows of");
-    return rows;
+    return std::stoll(m_db.Rows("SELECT COUNT(*) FROM " + Quoted(table), {}, "count the rows of " + m_path).at(0).at(0));
   }
 
  private:
-  [[noreturn]] void Fail(const std::string& what) {
-    throw DataError("cannot " + what + " " + m_path + ": " + (m_db ? sqlite3_errmsg(m_db) : "out of memory"));
-  }
-
   std::string m_path;
-  sqlite3* m_db = nullptr;
+  SqliteConnection m_db;
   sqlite3_stmt* m_insert = nullptr;
 };
 
