@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "CsvTable.h"
-#include "SqliteConnection.h"
+#include "SqliteFile.h"
 #include "geography/CQKCity.h"
 #include "geography/CQKCountry.h"
 #include "geography/CQKProvince.h"
@@ -84,7 +84,7 @@ EpwPlace AddByNames(const std::string& cityName, const std::string& provinceName
 EpwPlace FindOrAddPlace(const std::string& path, const std::string& fileName, const EpwLocation& location,
                         const PlaceNames& names) {
   if (names.city.empty()) {
-    SqliteConnection lookup(path, true);
+    SqliteFile lookup(path, true);
     const std::string what = "look the station up";
     auto rows = lookup.Rows(kPlace + kOfWeather + "WHERE w.EpwName = ?1 ORDER BY w.ID", {fileName}, what);
     if (!rows.empty()) return Found(rows.front(), "by its weather file's name");

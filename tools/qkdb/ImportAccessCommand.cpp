@@ -17,7 +17,7 @@
 #include "ChildProcess.h"
 #include "CsvTable.h"
 #include "Output.h"
-#include "SqliteConnection.h"
+#include "SqliteFile.h"
 
 namespace qkdb {
 
@@ -129,7 +129,7 @@ class Target {
 
  private:
   std::string m_path;
-  SqliteConnection m_db;
+  SqliteFile m_db;
   sqlite3_stmt* m_insert = nullptr;
 };
 

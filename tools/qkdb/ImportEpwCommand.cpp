@@ -15,7 +15,7 @@
 #include "EpwFile.h"
 #include "EpwPlace.h"
 #include "ReferenceDatabase.h"
-#include "SqliteConnection.h"
+#include "SqliteFile.h"
 #include "mfc/CString.h"
 #include "weather/CQKWeather.h"
 
@@ -93,8 +93,8 @@ std::vector<std::string> ImportedColumns(const EpwFile& epw) {
 // is consistent even while other programs read. The copy keeps a rollback journal whatever the
 // original uses, so no write-ahead log is left beside it when it is renamed.
 void CopyDatabase(const std::string& from, const std::string& to) {
-  SqliteConnection source(from, true);
-  SqliteConnection copy(to);
+  SqliteFile source(from, true);
+  SqliteFile copy(to);
   sqlite3_backup* backup = sqlite3_backup_init(copy.Handle(), "main", source.Handle(), "main");
   if (!backup) copy.Fail("copy " + from);
   const int rc = sqlite3_backup_step(backup, -1);
@@ -110,7 +110,7 @@ void CopyDatabase(const std::string& from, const std::string& to) {
 // fraction and back.
 void KeepOtherColumns(const std::string& copyPath, const std::string& original, long id,
                       const std::vector<std::string>& imported) {
-  SqliteConnection db(copyPath);
+  SqliteFile db(copyPath);
   std::vector<std::string> others;
   for (const auto& row : db.Rows("SELECT name FROM pragma_table_info('Weather')", {}, "read the weather columns"))
     if (row[0] != "ID" && row[0] != "CId" && std::find(imported.begin(), imported.end(), row[0]) == imported.end())

@@ -1,4 +1,4 @@
-#include "SqliteConnection.h"
+#include "SqliteFile.h"
 
 #include <sqlite3.h>
 
@@ -6,23 +6,23 @@
 
 namespace qkdb {
 
-SqliteConnection::SqliteConnection(const std::string& path, bool readOnly) {
+SqliteFile::SqliteFile(const std::string& path, bool readOnly) {
   if (sqlite3_open_v2(path.c_str(), &m_db, readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE, nullptr) !=
       SQLITE_OK)
     Fail("open " + path);
 }
 
-SqliteConnection::~SqliteConnection() { sqlite3_close(m_db); }
+SqliteFile::~SqliteFile() { sqlite3_close(m_db); }
 
-void SqliteConnection::Fail(const std::string& what) const {
+void SqliteFile::Fail(const std::string& what) const {
   throw DataError("cannot " + what + ": " + (m_db ? sqlite3_errmsg(m_db) : "out of memory"));
 }
 
-void SqliteConnection::Execute(const std::string& sql, const std::string& what) {
+void SqliteFile::Execute(const std::string& sql, const std::string& what) {
   if (sqlite3_exec(m_db, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) Fail(what);
 }
 
-std::vector<std::vector<std::string>> SqliteConnection::Rows(const std::string& sql, const std::vector<Value>& values,
+std::vector<std::vector<std::string>> SqliteFile::Rows(const std::string& sql, const std::vector<Value>& values,
                                                              const std::string& what) {
   sqlite3_stmt* stmt = nullptr;
   if (sqlite3_prepare_v2(m_db, sql.c_str(), -1, &stmt, nullptr) != SQLITE_OK) Fail(what);

@@ -1,6 +1,7 @@
 #pragma once
-// SqliteConnection: an SQLite connection of the tool's own, for the steps the record classes have no
-// verb for: copying a database, lookups with bound parameters, statements on a copy being built.
+// SqliteFile: an SQLite file opened by the tool on a connection of its own (not the library's), for
+// the steps the record classes have no verb for: copying a database, lookups with bound parameters,
+// statements on a copy being built.
 // Every failure throws DataError "cannot <what>: <SQLite's message>".
 
 #include <string>
@@ -11,17 +12,17 @@ struct sqlite3;
 
 namespace qkdb {
 
-class SqliteConnection {
+class SqliteFile {
  public:
   // A parameter bound to a statement: texts as texts, numbers as numbers (SQLite compares a number with
   // a text by type, not by value).
   using Value = std::variant<std::string, double>;
 
   // Opens the existing database at path, for reading and writing unless readOnly.
-  explicit SqliteConnection(const std::string& path, bool readOnly = false);
-  ~SqliteConnection();
-  SqliteConnection(const SqliteConnection&) = delete;
-  SqliteConnection& operator=(const SqliteConnection&) = delete;
+  explicit SqliteFile(const std::string& path, bool readOnly = false);
+  ~SqliteFile();
+  SqliteFile(const SqliteFile&) = delete;
+  SqliteFile& operator=(const SqliteFile&) = delete;
 
   sqlite3* Handle() const { return m_db; }
   // Runs sql (one statement or several, without results).
