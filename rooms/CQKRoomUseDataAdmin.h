@@ -41,10 +41,14 @@ class QK_EXPORT CQKRoomUseDataAdmin {
 
   // Deletes the load-parameter row whose "Id" is the room use's ID (its own key, not its "RUId": kept
   // so), then the room use's row, both on the room use's connection. 0 after the message
-  // "删除表 \"<table>\" 时出错!" (error icon) naming the table that failed, else 1.
+  // "删除表 \"<table>\" 时出错!" (error icon) naming the table that failed, else 1. The two statements
+  // are not one transaction: when the room use's row fails, its load parameters are already gone.
   int DeleteRoomUse(CQKRoomUse& roomUse);
   // Deletes each room use under the type's node in the tree (a failure is shown and the others go on),
-  // then the type's row. 0 after the deletion message for the room-type table, else 1.
+  // then the type's row. 0 after the deletion message for the room-type table, else 1. Each statement
+  // stands on its own: a room use that fails stays (without its load parameters when those went
+  // first) under a type that is then deleted (result 1); when the type's row fails, the room uses
+  // deleted before are gone and the type stays (result 0).
   int DeleteRoomType(CQKRoomType& roomType);
 
   tagRoomUseNode* m_pRoomUseRoot = nullptr;

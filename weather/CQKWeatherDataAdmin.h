@@ -57,10 +57,14 @@ class QK_EXPORT CQKWeatherDataAdmin {
   int DeleteWeatherofCity(CQKCity& city);
   // Deletes the weather rows of city id, then the city's row, both on the weather record's connection.
   // 0 with "删除表 \"<table>\" 时出错!" in strError for the table that failed, else 1. No message box.
+  // The two statements are not one transaction: when the city's row fails, its weather rows are
+  // already gone and the city stays without them.
   int DeleteWeatherByCityID(long id, CString& strError);
   // Deletes each city under the province's node (when the tree has it), then the province's row. 0
   // after the message "删除表 \"<province table>\" 时出错!" with no icon, else 1. Its weather rows and
-  // those of its cities stay.
+  // those of its cities stay. Each statement stands on its own: a city that fails shows
+  // DeleteWeatherofCity's message and stays while the others and the province go (result 1); when the
+  // province's row fails, the cities deleted before are gone and the province stays (result 0).
   int DeleteWeatherOfProvince(CQKCountry& country, CQKProvince& province);
   // Deletes the country's row only. 0 after "删除表 \"<country table>\" 时出错!" (error icon), else 1.
   int DeleteCountry(CQKCountry& country);

@@ -1,0 +1,183 @@
+#include "FaultDatabase.h"
+
+#include <sqlite3.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+
+#include "construction/CQKTimbering.h"
+#include "construction/CQKTimberingType.h"
+#include "envelope/CQKBSCategory.h"
+#include "envelope/CQKBSCode.h"
+#include "envelope/CQKBSType.h"
+#include "envelope/CQKBoundingStructure.h"
+#include "geography/CQKCity.h"
+#include "geography/CQKCountry.h"
+#include "geography/CQKProvince.h"
+#include "rooms/CQKRULoadParam.h"
+#include "rooms/CQKRoomType.h"
+#include "rooms/CQKRoomUse.h"
+#include "tablekit/CADODatabase.h"
+#include "weather/CQKWeather.h"
+
+namespace {
+
+constexpr const char* kSeed = R"(
+INSERT INTO Country (ID, Name) VALUES (1, '中国');
+INSERT INTO Province (ID, CId, Name) VALUES (1, 1, '北京');
+INSERT INTO City (ID, PId, Name) VALUES (1, 1, '北京'), (2, 1, '延庆');
+INSERT INTO Weather (ID, CId, EpwName, XjKtSwGqWd) VALUES (1, 1, 'beijing.epw', 33.5), (2, 2, NULL, 32.1);
+INSERT INTO BSCategory (ID, Name, OrderId) VALUES (1, '外墙', 1);
+INSERT INTO BSType (ID, Name, BSDLId) VALUES (1, '砖墙', 1);
+INSERT INTO BSCode (ID, BSTId, Name) VALUES (1, 1, 'W1'), (2, 1, 'W2');
+INSERT INTO BoundingStructure (ID, BSCId, TIdS, HouDuS, XzXsS) VALUES (1, 1, '1', '240', '1'), (2, 2, '1', '370', '1');
+INSERT INTO TimberingType (ID, Name) VALUES (1, '砖');
+INSERT INTO Timbering (ID, TTId, Name, GMD, DrXs) VALUES (1, 1, '黏土砖', 1800, 0.81);
+INSERT INTO RoomType (ID, Name) VALUES (1, '办公');
+INSERT INTO RoomUse (ID, RTId, Name) VALUES (1, 1, '办公室'), (2, 1, '会议室');
+INSERT INTO RULoadParam (ID, RUId, XinFengL) VALUES (1, 1, 30), (2, 2, 10);
+)";
+
+// The tables of the seed, in the order StoredRows lists them.
+constexpr const char* kSeededTables[] = {"Country",   "Province", "City",          "Weather",  "BSCategory",
+                                          "BSType",    "BSCode",   "BoundingStructure", "TimberingType",
+                                          "Timbering", "RoomType", "RoomUse",       "RULoadParam"};
+
+template <class Record>
+void Point(const CString& path, const wchar_t* table) {
+  Record::S_Init(path, table);
+}
+
+template <class Record>
+void Forget() {
+  if (Record::m_pADODatabase) Record::m_pADODatabase->Close();
+  Record::S_Init(L"", L"");
+}
+
+std::string TableRows(sqlite3* db, const std::string& table) {
+  std::string out = table + ":\n";
+  sqlite3_stmt* st = nullptr;
+  const std::string sql = "SELECT * FROM \"" + table + "\" ORDER BY ID";
+  if (sqlite3_prepare_v2(db, sql.c_str(), -1, &st, nullptr) != SQLITE_OK) {
+    return out + "<error: " + sqlite3_errmsg(db) + ">\n";
+  }
+  int rc;
+  while ((rc = sqlite3_step(st)) == SQLITE_ROW) {
+    for (int i = 0; i < sqlite3_column_count(st); ++i) {
+      const unsigned char* text = sqlite3_column_text(st, i);
+      out += (i ? "|" : "") + std::string(text ? reinterpret_cast<const char*>(text) : "<null>");
+    }
+    out += "\n";
+  }
+  if (rc != SQLITE_DONE) out += std::string("<error: ") + sqlite3_errmsg(db) + ">\n";
+  sqlite3_finalize(st);
+  return out;
+}
+
+// Forks body into a child prepared by prepare, and reads back through a pipe the text body made.
+std::string TextFromChild(const std::function<std::string()>& body,
+                          const std::function<int(const std::function<int()>&)>& run) {
+  int fds[2];
+  if (pipe(fds) != 0) return "<child failed>";
+  const int status = run([&]() {
+    close(fds[0]);
+    const std::string text = body();
+    const bool written = write(fds[1], text.data(), text.size()) == static_cast<ssize_t>(text.size());
+    close(fds[1]);
+    return written ? 0 : 1;
+  });
+  close(fds[1]);
+  std::string text;
+  char buffer[4096];
+  ssize_t n;
+  while ((n = read(fds[0], buffer, sizeof buffer)) > 0) text.append(buffer, static_cast<std::size_t>(n));
+  close(fds[0]);
+  return status == 0 ? text : "<child failed>";
+}
+
+}  // namespace
+
+std::string StoredRows(const CString& path) {
+  sqlite3* db = nullptr;
+  if (sqlite3_open_v2(path.ToUtf8().c_str(), &db, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK) {
+    sqlite3_close(db);
+    return "<error: open>";
+  }
+  std::string out;
+  for (const char* table : kSeededTables) out += TableRows(db, table);
+  sqlite3_close(db);
+  return out;
+}
+
+std::string IntegrityCheck(const CString& path) { return QueryOne(path, "PRAGMA integrity_check"); }
+
+std::string FileBytes(const CString& path) {
+  std::ifstream file(path.ToUtf8(), std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+}
+
+std::string UnprivilegedText(const std::function<std::string()>& body) {
+  return TextFromChild(body, [](const std::function<int()>& child) { return RunUnprivileged(child); });
+}
+
+std::string TextUnderFileSizeLimit(off_t limitBytes, const std::function<std::string()>& body) {
+  return TextFromChild(body, [limitBytes](const std::function<int()>& child) {
+    std::fflush(nullptr);
+    const pid_t pid = fork();
+    if (pid < 0) return -1;
+    if (pid == 0) {
+      std::signal(SIGXFSZ, SIG_IGN);
+      const rlimit limit{static_cast<rlim_t>(limitBytes), static_cast<rlim_t>(limitBytes)};
+      if (setrlimit(RLIMIT_FSIZE, &limit) != 0) _exit(126);
+      _exit(child());
+    }
+    int status = 0;
+    if (waitpid(pid, &status, 0) != pid || !WIFEXITED(status)) return -1;
+    return WEXITSTATUS(status);
+  });
+}
+
+void FaultFixture::SetUp() {
+  path = CreateReferenceDatabase(dir);
+  Alter(kSeed);
+  Point<CQKCountry>(path, L"Country");
+  Point<CQKProvince>(path, L"Province");
+  Point<CQKCity>(path, L"City");
+  Point<CQKWeather>(path, L"Weather");
+  Point<CQKBSCategory>(path, L"BSCategory");
+  Point<CQKBSType>(path, L"BSType");
+  Point<CQKBSCode>(path, L"BSCode");
+  Point<CQKBoundingStructure>(path, L"BoundingStructure");
+  Point<CQKTimberingType>(path, L"TimberingType");
+  Point<CQKTimbering>(path, L"Timbering");
+  Point<CQKRoomType>(path, L"RoomType");
+  Point<CQKRoomUse>(path, L"RoomUse");
+  Point<CQKRULoadParam>(path, L"RULoadParam");
+}
+
+void FaultFixture::TearDown() {
+  Forget<CQKCountry>();
+  Forget<CQKProvince>();
+  Forget<CQKCity>();
+  Forget<CQKWeather>();
+  Forget<CQKBSCategory>();
+  Forget<CQKBSType>();
+  Forget<CQKBSCode>();
+  Forget<CQKBoundingStructure>();
+  Forget<CQKTimberingType>();
+  Forget<CQKTimbering>();
+  Forget<CQKRoomType>();
+  Forget<CQKRoomUse>();
+  Forget<CQKRULoadParam>();
+}
+
+void FaultFixture::OpenToOthers(mode_t fileMode, mode_t folderMode) {
+  chmod(path.ToUtf8().c_str(), fileMode);
+  chmod(dir.path().c_str(), folderMode);
+}
