@@ -134,13 +134,16 @@ std::string RunDeletions() {
   CQKCountry country;
   country.SetID(1);
   std::string out = "DeleteCountry=" + std::to_string(places.DeleteCountry(country));
+  // Each result is taken before its text is read: the operands of + run in no fixed order.
   CString error;
-  out += " DeleteWeatherByCityID=" + std::to_string(places.DeleteWeatherByCityID(2, error)) + " " + Quoted(error);
+  const int byCity = places.DeleteWeatherByCityID(2, error);
+  out += " DeleteWeatherByCityID=" + std::to_string(byCity) + " " + Quoted(error);
   CQKBSDataAdmin envelope;
   CQKBSCode code;
   code.SetID(2);
   CString message;
-  out += " DeleteBSCode=" + std::to_string(envelope.DeleteBSCode(code, message)) + " " + Quoted(message);
+  const int codeResult = envelope.DeleteBSCode(code, message);
+  out += " DeleteBSCode=" + std::to_string(codeResult) + " " + Quoted(message);
   CQKRoomUseDataAdmin rooms;
   CQKRoomUse use;
   use.SetID(2);
