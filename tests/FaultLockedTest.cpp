@@ -77,7 +77,7 @@ class FaultLocked : public FaultFixture {
 
 TEST_F(FaultLocked, LookupsStillFindTheCommittedRows) { EXPECT_EQ(RunLookups(), kLookupsFound); }
 
-TEST_F(FaultLocked, WritesGiveTheirErrorValuesAfterWaiting) { EXPECT_EQ(RunWrites(), kWritesFailed); }
+TEST_F(FaultLocked, WritesGiveTheirErrorValuesAfterWaiting) { EXPECT_EQ(RunWrites(), kWritesRefused); }
 
 TEST_F(FaultLocked, TreesStillBuild) { EXPECT_EQ(RunTrees(), kTreesWhole); }
 

@@ -57,13 +57,23 @@ const char* const kLookupsFailed =
     "BoundingStructure.IsExist=DBS_ERROR RoomUse.IsExist=DBS_ERROR RULoadParam.IsExist=1";
 const char* const kWritesDone =
     "Country.AddIfNotExist=DBS_ADDED Country.UpdateIfNoOther=DBS_UPDATED Province.InsertData=1 "
-    "City.UpdateData=1 City.RemoveData=1 BoundingStructure.AddOrUpdate=DBS_UPDATED";
+    "City.UpdateData=1 City.RemoveData=1 BoundingStructure.AddOrUpdate=DBS_UPDATED RULoadParam.AddOrUpdate=2 "
+    "Weather.AddIfNotExist(update)=DBS_EXIST";
 const char* const kWritesFailed =
     "Country.AddIfNotExist=DBS_ERROR Country.UpdateIfNoOther=DBS_ERROR Province.InsertData=0 "
-    "City.UpdateData=0 City.RemoveData=0 BoundingStructure.AddOrUpdate=DBS_ERROR";
+    "City.UpdateData=0 City.RemoveData=0 BoundingStructure.AddOrUpdate=DBS_ERROR RULoadParam.AddOrUpdate=1 "
+    "Weather.AddIfNotExist(update)=DBS_ERROR";
+// The weather verb found its row and, as its header says, answers DBS_EXIST whether or not its
+// update was written.
+const char* const kWritesRefused =
+    "Country.AddIfNotExist=DBS_ERROR Country.UpdateIfNoOther=DBS_ERROR Province.InsertData=0 "
+    "City.UpdateData=0 City.RemoveData=0 BoundingStructure.AddOrUpdate=DBS_ERROR RULoadParam.AddOrUpdate=1 "
+    "Weather.AddIfNotExist(update)=DBS_EXIST";
 const char* const kTreesWhole =
-    "cities=*(中国(北京(北京,延庆))) envelope=*全部围护结构类型*(外墙(砖墙)) rooms=*(办公(办公室,会议室))";
-const char* const kTreesRootsOnly = "cities=* envelope=*全部围护结构类型* rooms=*";
+    "cities=*(中国(北京(北京,延庆))) withWeather=*(中国(北京(北京))) envelope=*全部围护结构类型*(外墙(砖墙)) "
+    "constructions=*全部材质类型*(砖(黏土砖)) rooms=*(办公(办公室,会议室))";
+const char* const kTreesRootsOnly =
+    "cities=* withWeather=* envelope=*全部围护结构类型* constructions=*全部材质类型* rooms=*";
 const char* const kDeletionsFailed =
     "DeleteCountry=0 DeleteWeatherByCityID=0 \"删除表 \"Weather\" 时出错!\" "
     "DeleteBSCode=1 \"删除表 \"BSCode\" 时出错！\" DeleteRoomUse=0 shown:"
@@ -113,6 +123,13 @@ std::string RunWrites() {
   bs.BSCId = 1;
   bs.HouDuS = L"370";
   out += " BoundingStructure.AddOrUpdate=" + Name(bs.AddOrUpdate(nullptr));
+  CQKRULoadParam load;
+  load.RUId = 1;
+  load.XinFengL = 40;
+  out += " RULoadParam.AddOrUpdate=" + std::to_string(load.AddOrUpdate(nullptr));
+  CQKWeather weather;
+  weather.CId = 1;
+  out += " Weather.AddIfNotExist(update)=" + Name(weather.AddIfNotExist(nullptr, 1));
   return out;
 }
 
@@ -122,7 +139,9 @@ std::string RunTrees() {
   CQKBSDataAdmin envelope;
   CQKRoomUseDataAdmin rooms;
   std::string out = "cities=" + Shape(places.GetCityNodes(1, false));
+  out += " withWeather=" + Shape(places.GetCityNodes(1, true));
   out += " envelope=" + Shape(envelope.GetBSNodes(1));
+  out += " constructions=" + Shape(envelope.GetTimbNodes(1));
   out += " rooms=" + Shape(rooms.GetRoomUseNodes(1));
   if (!capture.shown.empty()) out += " shown:" + Shown(capture);
   return out;

@@ -10,19 +10,23 @@
 // IsExist, RoomUse IsExist, RULoadParam IsExist.
 std::string RunLookups();
 // Changes the seeded rows: Country AddIfNotExist (a new name) and UpdateIfNoOther (a rename),
-// Province InsertData, City UpdateData and RemoveData, BoundingStructure AddOrUpdate (an update).
+// Province InsertData, City UpdateData and RemoveData, BoundingStructure and RULoadParam
+// AddOrUpdate (updates), Weather AddIfNotExist with its update of the found row.
 std::string RunWrites();
-// Builds the three trees and shows their shapes: name(children,...).
+// Builds the trees (places, places with a weather file, envelope, constructions, rooms) and shows
+// their shapes: name(children,...).
 std::string RunTrees();
 // Deletes a seeded row of each administration: DeleteCountry, DeleteWeatherByCityID (with its
 // error text), DeleteBSCode (with its message text), DeleteRoomUse.
 std::string RunDeletions();
 
-// The results each family gives on the healthy seeded database, and when every statement fails.
+// The results each family gives on the healthy seeded database, when every statement fails, and
+// (kWritesRefused) when the rows can be read but not written.
 extern const char* const kLookupsFound;
 extern const char* const kLookupsFailed;
 extern const char* const kWritesDone;
 extern const char* const kWritesFailed;
+extern const char* const kWritesRefused;
 extern const char* const kTreesWhole;
 extern const char* const kTreesRootsOnly;
 extern const char* const kDeletionsFailed;

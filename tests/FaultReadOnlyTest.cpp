@@ -28,7 +28,7 @@ class FaultReadOnly : public FaultFixture, public ::testing::WithParamInterface<
 
 TEST_P(FaultReadOnly, LookupsStillFindTheRows) { EXPECT_EQ(UnprivilegedText(RunLookups), kLookupsFound); }
 
-TEST_P(FaultReadOnly, WritesGiveTheirErrorValues) { EXPECT_EQ(UnprivilegedText(RunWrites), kWritesFailed); }
+TEST_P(FaultReadOnly, WritesGiveTheirErrorValues) { EXPECT_EQ(UnprivilegedText(RunWrites), kWritesRefused); }
 
 TEST_P(FaultReadOnly, TreesStillBuild) { EXPECT_EQ(UnprivilegedText(RunTrees), kTreesWhole); }
 

@@ -26,16 +26,20 @@ TEST_F(FaultMissingTable, WritesToTheMissingTableGiveErrors) {
   Alter("DROP TABLE Country; DROP TABLE BoundingStructure;");
   EXPECT_EQ(RunWrites(),
             "Country.AddIfNotExist=DBS_ERROR Country.UpdateIfNoOther=DBS_ERROR Province.InsertData=1 "
-            "City.UpdateData=1 City.RemoveData=1 BoundingStructure.AddOrUpdate=DBS_ERROR");
+            "City.UpdateData=1 City.RemoveData=1 BoundingStructure.AddOrUpdate=DBS_ERROR RULoadParam.AddOrUpdate=2 "
+            "Weather.AddIfNotExist(update)=DBS_EXIST");
 }
 
 TEST_F(FaultMissingTable, TreesStopAboveTheMissingLevel) {
   Alter("DROP TABLE City; DROP TABLE BSType; DROP TABLE RoomUse;");
-  EXPECT_EQ(RunTrees(), "cities=*(中国(北京)) envelope=*全部围护结构类型*(外墙) rooms=*(办公)");
+  // The tree of places with a weather file finds even its countries through the city table.
+  EXPECT_EQ(RunTrees(),
+            "cities=*(中国(北京)) withWeather=* envelope=*全部围护结构类型*(外墙) "
+            "constructions=*全部材质类型*(砖(黏土砖)) rooms=*(办公)");
 }
 
 TEST_F(FaultMissingTable, ATreeWithoutItsTopLevelIsARoot) {
-  Alter("DROP TABLE Country; DROP TABLE BSCategory; DROP TABLE RoomType;");
+  Alter("DROP TABLE Country; DROP TABLE BSCategory; DROP TABLE TimberingType; DROP TABLE RoomType;");
   EXPECT_EQ(RunTrees(), kTreesRootsOnly);
 }
 
@@ -66,7 +70,8 @@ TEST_F(FaultMissingColumn, WritesThatLookUpTheMissingKeyGiveErrors) {
   Alter("DROP INDEX CountryName; ALTER TABLE Country DROP COLUMN Name;");
   EXPECT_EQ(RunWrites(),
             "Country.AddIfNotExist=DBS_ERROR Country.UpdateIfNoOther=DBS_ERROR Province.InsertData=1 "
-            "City.UpdateData=1 City.RemoveData=1 BoundingStructure.AddOrUpdate=DBS_UPDATED");
+            "City.UpdateData=1 City.RemoveData=1 BoundingStructure.AddOrUpdate=DBS_UPDATED RULoadParam.AddOrUpdate=2 "
+            "Weather.AddIfNotExist(update)=DBS_EXIST");
 }
 
 TEST_F(FaultMissingColumn, AWriteSkipsTheMissingColumnAndStoresTheOthers) {
@@ -81,7 +86,11 @@ TEST_F(FaultMissingColumn, AWriteSkipsTheMissingColumnAndStoresTheOthers) {
 
 TEST_F(FaultMissingColumn, ATreeStopsAboveTheLevelMissingItsParentColumn) {
   Alter("DROP INDEX CityProvinceName; ALTER TABLE City DROP COLUMN PId;");
-  EXPECT_EQ(RunTrees(), "cities=*(中国(北京)) envelope=*全部围护结构类型*(外墙(砖墙)) rooms=*(办公(办公室,会议室))");
+  // The tree of places with a weather file finds even its countries through the cities' PId, so it
+  // keeps only its root.
+  EXPECT_EQ(RunTrees(),
+            "cities=*(中国(北京)) withWeather=* envelope=*全部围护结构类型*(外墙(砖墙)) "
+            "constructions=*全部材质类型*(砖(黏土砖)) rooms=*(办公(办公室,会议室))");
 }
 
 TEST_F(FaultMissingColumn, RowsOfTheDamagedTableStayWhole) {
