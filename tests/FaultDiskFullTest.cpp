@@ -54,6 +54,19 @@ TEST_F(FaultDiskFull, AWriteThatFitsStillSucceeds) {
             "1");
 }
 
+TEST_F(FaultDiskFull, AWriteAfterTheFailedOneSucceeds) {
+  EXPECT_EQ(UnderTheLimit([] {
+              CQKCountry tooLong;
+              tooLong.Name = LongName();
+              tooLong.AddIfNotExist(nullptr, 0);
+              CQKCountry fits;
+              fits.Name = L"法国";
+              return std::to_string(fits.AddIfNotExist(nullptr, 0));
+            }),
+            std::to_string(QKLoad::DBS_ADDED));
+  EXPECT_EQ(QueryOne(path, "SELECT group_concat(Name, ',') FROM Country"), "中国,法国");
+}
+
 TEST_F(FaultDiskFull, CommittedRowsStayWhole) {
   const std::string before = StoredRows(path);
   UnderTheLimit([] {

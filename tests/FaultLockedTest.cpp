@@ -83,6 +83,17 @@ TEST_F(FaultLocked, TreesStillBuild) { EXPECT_EQ(RunTrees(), kTreesWhole); }
 
 TEST_F(FaultLocked, DeletionsFailWithTheirMessagesAfterWaiting) { EXPECT_EQ(RunDeletions(), kDeletionsFailed); }
 
+TEST_F(FaultLocked, WritesSucceedOnceTheLockIsReleased) {
+  CQKCountry refused;
+  refused.Name = L"法国";
+  ASSERT_EQ(refused.AddIfNotExist(nullptr, 0), QKLoad::DBS_ERROR);
+  Release();
+  CQKCountry added;
+  added.Name = L"法国";
+  EXPECT_EQ(added.AddIfNotExist(nullptr, 0), QKLoad::DBS_ADDED);
+  EXPECT_EQ(QueryOne(path, "SELECT count(*) FROM Country"), "2");
+}
+
 TEST_F(FaultLocked, CommittedRowsStayWhole) {
   const std::string before = StoredRows(path);
   CQKCountry added;
