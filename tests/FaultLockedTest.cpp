@@ -2,6 +2,8 @@
 // immediate transaction and inserted a row it has not committed. Readers still see the committed
 // rows; every write of the library waits kBusyTimeoutMs (2 s) for the lock, then gives its error
 // value, and no committed row is lost. Each write waits its 2 s, so the writing tests take seconds.
+// A process that took the exclusive lock (as a writer does while it commits) keeps readers out too:
+// then a read waits its 2 s and fails.
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
@@ -13,7 +15,6 @@
 
 #include "FaultDatabase.h"
 #include "FaultOperations.h"
-#include "envelope/CQKBSDataAdmin.h"
 #include "geography/CQKCountry.h"
 #include "weather/CQKWeatherDataAdmin.h"
 
@@ -23,6 +24,7 @@ class FaultLocked : public FaultFixture {
  protected:
   void SetUp() override {
     FaultFixture::SetUp();
+    rowsBefore = StoredRows(path);
     ASSERT_EQ(pipe(m_ready), 0);
     ASSERT_EQ(pipe(m_release), 0);
     std::fflush(nullptr);
@@ -37,6 +39,13 @@ class FaultLocked : public FaultFixture {
   void TearDown() override {
     Release();
     FaultFixture::TearDown();
+  }
+
+  std::string rowsBefore;  // every stored row, read before the lock was taken
+
+  // What the locking process runs and then holds, uncommitted.
+  virtual const char* LockingStatements() const {
+    return "BEGIN IMMEDIATE; INSERT INTO Country (Name) VALUES ('未提交');";
   }
 
   // Lets the locking process roll back and end; the second call does nothing.
@@ -56,10 +65,8 @@ class FaultLocked : public FaultFixture {
     close(m_ready[0]);
     close(m_release[1]);
     sqlite3* db = nullptr;
-    const bool locked =
-        sqlite3_open(path.ToUtf8().c_str(), &db) == SQLITE_OK &&
-        sqlite3_exec(db, "BEGIN IMMEDIATE; INSERT INTO Country (Name) VALUES ('未提交');", nullptr, nullptr,
-                     nullptr) == SQLITE_OK;
+    const bool locked = sqlite3_open(path.ToUtf8().c_str(), &db) == SQLITE_OK &&
+                        sqlite3_exec(db, LockingStatements(), nullptr, nullptr, nullptr) == SQLITE_OK;
     if (locked && write(m_ready[1], "1", 1) == 1) {
       char wait = 0;
       while (read(m_release[0], &wait, 1) > 0) {
@@ -95,7 +102,6 @@ TEST_F(FaultLocked, WritesSucceedOnceTheLockIsReleased) {
 }
 
 TEST_F(FaultLocked, CommittedRowsStayWhole) {
-  const std::string before = StoredRows(path);
   CQKCountry added;
   added.Name = L"法国";
   added.AddIfNotExist(nullptr, 0);
@@ -104,7 +110,36 @@ TEST_F(FaultLocked, CommittedRowsStayWhole) {
   country.SetID(1);
   places.DeleteCountry(country);
   Release();
-  EXPECT_EQ(StoredRows(path), before);
+  EXPECT_EQ(StoredRows(path), rowsBefore);
+  EXPECT_EQ(IntegrityCheck(path), "ok");
+}
+
+class FaultLockedExclusive : public FaultLocked {
+ protected:
+  const char* LockingStatements() const override {
+    return "BEGIN EXCLUSIVE; INSERT INTO Country (Name) VALUES ('未提交');";
+  }
+};
+
+TEST_F(FaultLockedExclusive, ALookupGivesErrorAfterWaiting) {
+  CQKCountry country;
+  country.Name = L"中国";
+  EXPECT_EQ(country.IsExist(nullptr), QKLoad::DBS_ERROR);
+}
+
+TEST_F(FaultLockedExclusive, ATreeHasOnlyItsRootAfterWaiting) {
+  CQKWeatherDataAdmin places;
+  const CQKWeatherDataAdmin::tagCityNode* root = places.GetCityNodes(1, false);
+  ASSERT_NE(root, nullptr);
+  EXPECT_EQ(root->arrChild.GetSize(), 0);
+}
+
+TEST_F(FaultLockedExclusive, CommittedRowsStayWhole) {
+  CQKCountry added;
+  added.Name = L"法国";
+  added.AddIfNotExist(nullptr, 0);
+  Release();
+  EXPECT_EQ(StoredRows(path), rowsBefore);
   EXPECT_EQ(IntegrityCheck(path), "ok");
 }
 
