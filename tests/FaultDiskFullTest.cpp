@@ -9,6 +9,7 @@
 #include <string>
 
 #include "FaultDatabase.h"
+#include "FaultOperations.h"
 #include "geography/CQKCity.h"
 #include "geography/CQKCountry.h"
 
@@ -65,6 +66,17 @@ TEST_F(FaultDiskFull, AWriteAfterTheFailedOneSucceeds) {
             }),
             std::to_string(QKLoad::DBS_ADDED));
   EXPECT_EQ(QueryOne(path, "SELECT group_concat(Name, ',') FROM Country"), "中国,法国");
+}
+
+TEST_F(FaultDiskFull, LookupsTreesAndDeletionsNeedNoRoom) {
+  EXPECT_EQ(UnderTheLimit([] {
+              // In this order (the operands of + would run in any): the deletions change what the
+              // others find.
+              std::string out = RunLookups();
+              out += "\n" + RunTrees();
+              return out + "\n" + RunDeletions();
+            }),
+            std::string(kLookupsFound) + "\n" + kTreesWhole + "\n" + kDeletionsDone);
 }
 
 TEST_F(FaultDiskFull, CommittedRowsStayWhole) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <string>
 
 #include "FaultDatabase.h"
 #include "FaultOperations.h"
@@ -14,8 +15,10 @@ class FaultMissingFile : public FaultFixture {
  protected:
   void SetUp() override {
     FaultFixture::SetUp();
-    std::filesystem::remove(path.ToUtf8());
+    std::filesystem::rename(path.ToUtf8(), aside);
   }
+
+  const std::string aside = (dir.path() / "aside.db").string();  // where the file went
 };
 
 TEST_F(FaultMissingFile, LookupsGiveTheirErrorValues) { EXPECT_EQ(RunLookups(), kLookupsFailed); }
@@ -30,6 +33,12 @@ TEST_F(FaultMissingFile, NoFileIsMadeInItsPlace) {
   RunWrites();
   RunDeletions();
   EXPECT_FALSE(std::filesystem::exists(path.ToUtf8()));
+}
+
+TEST_F(FaultMissingFile, TheFileIsOpenedOnceItIsBack) {
+  ASSERT_EQ(RunLookups(), kLookupsFailed);
+  std::filesystem::rename(aside, path.ToUtf8());
+  EXPECT_EQ(RunLookups(), kLookupsFound);
 }
 
 }  // namespace

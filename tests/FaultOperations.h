@@ -29,4 +29,5 @@ extern const char* const kWritesFailed;
 extern const char* const kWritesRefused;
 extern const char* const kTreesWhole;
 extern const char* const kTreesRootsOnly;
+extern const char* const kDeletionsDone;
 extern const char* const kDeletionsFailed;

@@ -38,7 +38,10 @@ TEST_P(FaultReadOnly, DeletionsFailWithTheirMessages) {
 
 TEST_P(FaultReadOnly, CommittedRowsStayWhole) {
   const std::string before = StoredRows(path);
-  UnprivilegedText([] { return RunWrites() + RunDeletions(); });
+  UnprivilegedText([] {
+    RunWrites();
+    return RunDeletions();
+  });
   EXPECT_EQ(StoredRows(path), before);
   EXPECT_EQ(IntegrityCheck(path), "ok");
 }
