@@ -3,6 +3,7 @@
 #include "MessageCapture.h"
 #include "envelope/CQKBSDataAdmin.h"
 #include "envelope/CQKBoundingStructure.h"
+#include "envelope/CQKCrXs.h"
 #include "foundation/QKLoad.h"
 #include "geography/CQKCity.h"
 #include "geography/CQKCountry.h"
@@ -51,10 +52,12 @@ std::string Shape(const Node* node) {
 
 const char* const kLookupsFound =
     "Country.IsExist=DBS_EXIST Country.ReadData=1 \"中国\" Weather.IsExist=DBS_EXIST "
-    "BoundingStructure.IsExist=DBS_EXIST RoomUse.IsExist=DBS_EXIST RULoadParam.IsExist=2";
+    "BoundingStructure.IsExist=DBS_EXIST RoomUse.IsExist=DBS_EXIST RULoadParam.IsExist=2 GetCityIdByName=1 2 "
+    "GetBSCodeCWallDataAry=W1,W2";
 const char* const kLookupsFailed =
     "Country.IsExist=DBS_ERROR Country.ReadData=0 \"\" Weather.IsExist=DBS_ERROR "
-    "BoundingStructure.IsExist=DBS_ERROR RoomUse.IsExist=DBS_ERROR RULoadParam.IsExist=1";
+    "BoundingStructure.IsExist=DBS_ERROR RoomUse.IsExist=DBS_ERROR RULoadParam.IsExist=1 GetCityIdByName=0 0 "
+    "GetBSCodeCWallDataAry=";
 const char* const kWritesDone =
     "Country.AddIfNotExist=DBS_ADDED Country.UpdateIfNoOther=DBS_UPDATED Province.InsertData=1 "
     "City.UpdateData=1 City.RemoveData=1 BoundingStructure.AddOrUpdate=DBS_UPDATED RULoadParam.AddOrUpdate=2 "
@@ -101,6 +104,16 @@ std::string RunLookups() {
   CQKRULoadParam load;
   load.RUId = 1;
   out += " RULoadParam.IsExist=" + std::to_string(load.IsExist(nullptr));
+  CQKCity city;
+  city.Name = L"延庆";
+  const int cityFound = CQKWeatherDataAdmin::GetCityIdByName(city);
+  out += " GetCityIdByName=" + std::to_string(cityFound) + " " + std::to_string(city.GetID());
+  CQKBSType type;
+  type.SetID(1);
+  CLxArray<CQKWallData> walls;
+  CQKBSDataAdmin().GetBSCodeCWallDataAry(type, walls, false, CQKCrXs());
+  out += " GetBSCodeCWallDataAry=";
+  for (int i = 0; i < walls.GetSize(); ++i) out += (i ? "," : "") + walls[i].Name.ToUtf8();
   return out;
 }
 

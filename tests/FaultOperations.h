@@ -7,7 +7,8 @@
 #include <string>
 
 // Looks up the seeded rows: Country IsExist and ReadData, Weather IsExist, BoundingStructure
-// IsExist, RoomUse IsExist, RULoadParam IsExist.
+// IsExist, RoomUse IsExist, RULoadParam IsExist, a city's ID by its name, and the walls of the
+// envelope type (by name).
 std::string RunLookups();
 // Changes the seeded rows: Country AddIfNotExist (a new name) and UpdateIfNoOther (a rename),
 // Province InsertData, City UpdateData and RemoveData, BoundingStructure and RULoadParam

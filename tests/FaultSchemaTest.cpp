@@ -19,7 +19,8 @@ TEST_F(FaultMissingTable, LookupsInTheMissingTableGiveErrors) {
   Alter("DROP TABLE Country; DROP TABLE RULoadParam;");
   EXPECT_EQ(RunLookups(),
             "Country.IsExist=DBS_ERROR Country.ReadData=0 \"\" Weather.IsExist=DBS_EXIST "
-            "BoundingStructure.IsExist=DBS_EXIST RoomUse.IsExist=DBS_EXIST RULoadParam.IsExist=1");
+            "BoundingStructure.IsExist=DBS_EXIST RoomUse.IsExist=DBS_EXIST RULoadParam.IsExist=1 "
+            "GetCityIdByName=1 2 GetBSCodeCWallDataAry=W1,W2");
 }
 
 TEST_F(FaultMissingTable, WritesToTheMissingTableGiveErrors) {
@@ -63,7 +64,8 @@ TEST_F(FaultMissingColumn, ALookupByTheMissingKeyGivesError) {
   Alter("DROP INDEX CountryName; ALTER TABLE Country DROP COLUMN Name;");
   EXPECT_EQ(RunLookups(),
             "Country.IsExist=DBS_ERROR Country.ReadData=1 \"\" Weather.IsExist=DBS_EXIST "
-            "BoundingStructure.IsExist=DBS_EXIST RoomUse.IsExist=DBS_EXIST RULoadParam.IsExist=2");
+            "BoundingStructure.IsExist=DBS_EXIST RoomUse.IsExist=DBS_EXIST RULoadParam.IsExist=2 "
+            "GetCityIdByName=1 2 GetBSCodeCWallDataAry=W1,W2");
 }
 
 TEST_F(FaultMissingColumn, WritesThatLookUpTheMissingKeyGiveErrors) {
