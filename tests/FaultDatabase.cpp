@@ -7,8 +7,8 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <filesystem>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -46,13 +46,20 @@ INSERT INTO RULoadParam (ID, RUId, XinFengL) VALUES (1, 1, 30), (2, 2, 10);
 )";
 
 // The tables of the seed, in the order StoredRows lists them.
-constexpr const char* kSeededTables[] = {"Country",   "Province", "City",          "Weather",  "BSCategory",
-                                          "BSType",    "BSCode",   "BoundingStructure", "TimberingType",
-                                          "Timbering", "RoomType", "RoomUse",       "RULoadParam"};
+constexpr const char* kSeededTables[] = {
+    "Country",           "Province",      "City",      "Weather",  "BSCategory", "BSType",     "BSCode",
+    "BoundingStructure", "TimberingType", "Timbering", "RoomType", "RoomUse",    "RULoadParam"};
 
-template <class Record>
-void Point(const CString& path, const wchar_t* table) {
-  Record::S_Init(path, table);
+// The seeded database, built once per test program and copied for each test: building it takes
+// dozens of synced commits (most of a second here), a copy takes a millisecond.
+const CString& SeededTemplate() {
+  static TempDir folder;
+  static const CString file = [] {
+    const CString made = CreateReferenceDatabase(folder, "seeded.db");
+    CreateDatabase(made, kSeed);
+    return made;
+  }();
+  return file;
 }
 
 template <class Record>
@@ -144,38 +151,22 @@ std::string TextUnderFileSizeLimit(off_t limitBytes, const std::function<std::st
   });
 }
 
-namespace {
-
-// The seeded database, built once per test program and copied for each test: building it takes
-// dozens of synced commits (most of a second here), a copy takes a millisecond.
-const CString& SeededTemplate() {
-  static TempDir folder;
-  static const CString file = [] {
-    const CString made = CreateReferenceDatabase(folder, "seeded.db");
-    CreateDatabase(made, kSeed);
-    return made;
-  }();
-  return file;
-}
-
-}  // namespace
-
 void FaultFixture::SetUp() {
   path = dir.File("reference.db");
   std::filesystem::copy_file(SeededTemplate().ToUtf8(), path.ToUtf8());
-  Point<CQKCountry>(path, L"Country");
-  Point<CQKProvince>(path, L"Province");
-  Point<CQKCity>(path, L"City");
-  Point<CQKWeather>(path, L"Weather");
-  Point<CQKBSCategory>(path, L"BSCategory");
-  Point<CQKBSType>(path, L"BSType");
-  Point<CQKBSCode>(path, L"BSCode");
-  Point<CQKBoundingStructure>(path, L"BoundingStructure");
-  Point<CQKTimberingType>(path, L"TimberingType");
-  Point<CQKTimbering>(path, L"Timbering");
-  Point<CQKRoomType>(path, L"RoomType");
-  Point<CQKRoomUse>(path, L"RoomUse");
-  Point<CQKRULoadParam>(path, L"RULoadParam");
+  CQKCountry::S_Init(path, L"Country");
+  CQKProvince::S_Init(path, L"Province");
+  CQKCity::S_Init(path, L"City");
+  CQKWeather::S_Init(path, L"Weather");
+  CQKBSCategory::S_Init(path, L"BSCategory");
+  CQKBSType::S_Init(path, L"BSType");
+  CQKBSCode::S_Init(path, L"BSCode");
+  CQKBoundingStructure::S_Init(path, L"BoundingStructure");
+  CQKTimberingType::S_Init(path, L"TimberingType");
+  CQKTimbering::S_Init(path, L"Timbering");
+  CQKRoomType::S_Init(path, L"RoomType");
+  CQKRoomUse::S_Init(path, L"RoomUse");
+  CQKRULoadParam::S_Init(path, L"RULoadParam");
 }
 
 void FaultFixture::TearDown() {

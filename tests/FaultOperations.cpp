@@ -77,8 +77,7 @@ const char* const kTreesWhole =
     "constructions=*全部材质类型*(砖(黏土砖)) rooms=*(办公(办公室,会议室))";
 const char* const kTreesRootsOnly =
     "cities=* withWeather=* envelope=*全部围护结构类型* constructions=*全部材质类型* rooms=*";
-const char* const kDeletionsDone =
-    "DeleteCountry=1 DeleteWeatherByCityID=1 \"\" DeleteBSCode=0 \"\" DeleteRoomUse=1";
+const char* const kDeletionsDone = "DeleteCountry=1 DeleteWeatherByCityID=1 \"\" DeleteBSCode=0 \"\" DeleteRoomUse=1";
 const char* const kDeletionsFailed =
     "DeleteCountry=0 DeleteWeatherByCityID=0 \"删除表 \"Weather\" 时出错!\" "
     "DeleteBSCode=1 \"删除表 \"BSCode\" 时出错！\" DeleteRoomUse=0 shown:"

@@ -32,9 +32,7 @@ TEST_P(FaultReadOnly, WritesGiveTheirErrorValues) { EXPECT_EQ(UnprivilegedText(R
 
 TEST_P(FaultReadOnly, TreesStillBuild) { EXPECT_EQ(UnprivilegedText(RunTrees), kTreesWhole); }
 
-TEST_P(FaultReadOnly, DeletionsFailWithTheirMessages) {
-  EXPECT_EQ(UnprivilegedText(RunDeletions), kDeletionsFailed);
-}
+TEST_P(FaultReadOnly, DeletionsFailWithTheirMessages) { EXPECT_EQ(UnprivilegedText(RunDeletions), kDeletionsFailed); }
 
 TEST_P(FaultReadOnly, CommittedRowsStayWhole) {
   const std::string before = StoredRows(path);
