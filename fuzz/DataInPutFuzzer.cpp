@@ -3,16 +3,21 @@
 // or a value, then write that value back out, without a crash, a hang or an outsized allocation.
 //
 // The allocation bound is checked here, for each input, through the sanitizer's allocation hook: while
-// the value reads, no single allocation may exceed kBytesPerInputByte times the stream's size plus
-// kFixedBytes. A count read from the stream is what could break it (a string of 2^31 units, an array
-// of 2^31 layers), and the stream's own checks must refuse such a count before anything is reserved.
-// The factor covers what honest items cost: a text of n UTF-16 units (2n bytes) is held as n
-// wchar_t (4n bytes) after an n-unit u16string; an array element read from at least 8 bytes may take
-// up to about 100 bytes in memory, doubled by the array's growth. kFixedBytes covers the objects every
-// read makes whatever the input. scripts/fuzz.sh also runs with -malloc_limit_mb, which catches any
-// single allocation over that limit anywhere, including in the target itself.
+// the value reads and writes itself back, no single allocation may exceed kBytesPerInputByte times the
+// input's size plus kFixedBytes, and the hook stops at the first that does, with its stack. A count
+// read from the stream is what could break it (a text of 2^31 units, an array of 2^31 layers): the
+// stream and the classes must refuse such a count before reserving anything.
+//
+// The bound is linear rather than the input's size itself because an honest item can take more room
+// in memory than in the stream. The largest ratio is a wall's layer name: 8 bytes in the stream (its
+// ID and an empty text), 48 in memory (vtable, long, CString), in an array that may reserve up to
+// twice the names it holds while it grows: 12 bytes per input byte. A text of n UTF-16 units (2n
+// bytes) is held as n wchar_t (4n bytes). kFixedBytes covers what every read makes whatever the input.
+// scripts/fuzz.sh also runs with -malloc_limit_mb=64, which stops any single larger allocation
+// anywhere, in the target too.
 
 #include <sanitizer/allocator_interface.h>
+#include <sanitizer/common_interface_defs.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -23,14 +28,20 @@
 
 namespace {
 
-constexpr std::size_t kBytesPerInputByte = 32;
-constexpr std::size_t kFixedBytes = 64 * 1024;
+constexpr std::size_t kBytesPerInputByte = 12;
+constexpr std::size_t kFixedBytes = 4096;
 
-bool g_watching = false;
-std::size_t g_largest = 0;
+const char* g_reading = nullptr;  // the class being read; null while nothing is watched
+std::size_t g_limit = 0;
 
+// Stops at the allocation itself, so that its stack shows who asked for it.
 void OnMalloc(const volatile void*, std::size_t size) {
-  if (g_watching && size > g_largest) g_largest = size;
+  if (g_reading == nullptr || size <= g_limit) return;
+  const char* name = g_reading;
+  g_reading = nullptr;
+  std::fprintf(stderr, "%s: one allocation of %zu bytes, over the %zu allowed for this input\n", name, size, g_limit);
+  __sanitizer_print_stack_trace();
+  std::abort();
 }
 void OnFree(const volatile void*) {}
 
@@ -43,13 +54,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const StreamValue& value = kStreamValues[data[0] % kStreamValueCount];
   CADataStream in(data + 1, size - 1);
   CADataStream out;
-  g_largest = 0;
-  g_watching = true;
+  g_limit = kBytesPerInputByte * size + kFixedBytes;
+  g_reading = value.name;
   value.readThenWrite(in, out);
-  g_watching = false;
-  if (g_largest > kBytesPerInputByte * size + kFixedBytes) {
-    std::fprintf(stderr, "%s: one allocation of %zu bytes for an input of %zu bytes\n", value.name, g_largest, size);
-    std::abort();
-  }
+  g_reading = nullptr;
   return 0;
 }
