@@ -66,9 +66,11 @@ double SingleValue(std::uint32_t bits) {
 // 1899-12-29 06:00. mdbtools' own formatting drops dates before 1899-12-30 and after about 2700, so
 // the text is made here. Times round to the second; 23:59:59.6 becomes midnight of the next day.
 std::string DateText(double value, const std::string& table) {
-  // 0100-01-01 and the end of 9999-12-31: the dates Access can hold.
-  if (!std::isfinite(value) || value < -657434.0 || value >= 2958466.0)
-    Damaged(table, "a date outside the years 100 to 9999");
+  // Days -657434 and 2958465 are 0100-01-01 and 9999-12-31, the first and last dates Access can
+  // hold. The range is checked on the day once the time is rounded: -657434.9 is still 0100-01-01
+  // (21:36), while 2958465.99999999 would round into the year 10000. The first test also keeps the
+  // conversion to long long defined.
+  if (!(value > -657435.0 && value < 2958466.0)) Damaged(table, "a date outside the years 100 to 9999");
   const double whole = std::trunc(value);
   long long seconds = std::llround(std::fabs(value - whole) * 86400.0);
   long long day = static_cast<long long>(whole);
@@ -76,6 +78,7 @@ std::string DateText(double value, const std::string& table) {
     seconds = 0;
     ++day;
   }
+  if (day < -657434 || day > 2958465) Damaged(table, "a date outside the years 100 to 9999");
   using namespace std::chrono;
   const year_month_day date{sys_days{year{1899} / December / 30} + days{day}};
   char text[64];
