@@ -3,7 +3,8 @@
 // the dialect drops a closing ";" and refuses anything after it, so no ";" may remain that SQLite
 // would read as the end of a statement. sqlite3_complete tells, on each prefix that ends in a ";",
 // whether SQLite's own tokenizer (which knows its strings, quoted names and comments) sees a
-// statement end there.
+// statement end there. The PostgreSQL translation is held to the same test, which is close but not
+// exact for the server's lexer; there PQexecParams runs one statement per call whatever the text.
 
 #include <sqlite3.h>
 

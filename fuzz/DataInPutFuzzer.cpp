@@ -50,7 +50,11 @@ const int g_hooks = __sanitizer_install_malloc_and_free_hooks(&OnMalloc, &OnFree
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  if (size == 0 || g_hooks == 0) return 0;
+  if (g_hooks == 0) {
+    std::fprintf(stderr, "the allocation hook could not be installed: the bound would go unchecked\n");
+    std::abort();
+  }
+  if (size == 0) return 0;
   const StreamValue& value = kStreamValues[data[0] % kStreamValueCount];
   CADataStream in(data + 1, size - 1);
   CADataStream out;
