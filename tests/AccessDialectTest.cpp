@@ -82,8 +82,9 @@ TEST(AccessDialect, SemicolonInsideTextIsText) {
   EXPECT_EQ(Translate(L"select * from T where Name=\"a;b\""), "select * from T where Name='a;b'");
 }
 
-// Found by the dialect fuzzer: SQLite reads `...` as a quoted name, so the "..." made of [`] ... [`]
-// sat inside it and the ";" between them ended a statement this layer took for part of a name.
+// Found by the dialect fuzzer: SQLite reads `...` as a quoted name. Here the layer saw one bracketed
+// name, [` from T; delete from T; `], and made it "...", but SQLite saw `"` as a name and the ";"
+// after "from T" as the end of a statement.
 TEST(AccessDialect, BackquoteIsRefused) {
   EXPECT_EQ(Refusal(L"select `[` from T; delete from T; `]`"), "a backquote, which Access SQL does not have");
 }
