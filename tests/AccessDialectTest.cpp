@@ -82,6 +82,26 @@ TEST(AccessDialect, SemicolonInsideTextIsText) {
   EXPECT_EQ(Translate(L"select * from T where Name=\"a;b\""), "select * from T where Name='a;b'");
 }
 
+// Found by the dialect fuzzer: SQLite reads `...` as a quoted name. Here the layer saw one bracketed
+// name, [` from T; delete from T; `], and made it "...", but SQLite saw `"` as a name and the ";"
+// after "from T" as the end of a statement.
+TEST(AccessDialect, BackquoteIsRefused) {
+  EXPECT_EQ(Refusal(L"select `[` from T; delete from T; `]`"), "a backquote, which Access SQL does not have");
+}
+
+// The same with comments: the backends skip them, this layer would read the quote inside as a text.
+TEST(AccessDialect, LineCommentIsRefused) {
+  EXPECT_EQ(Refusal(L"select 1 -- '\n; delete from T; '"), "a comment, which Access SQL does not have");
+}
+
+TEST(AccessDialect, BlockCommentIsRefused) {
+  EXPECT_EQ(Refusal(L"/* ' */; delete from T; /* ' */"), "a comment, which Access SQL does not have");
+}
+
+TEST(AccessDialect, MinusMinusInsideTextIsText) {
+  EXPECT_EQ(Translate(L"select * from T where Name=\"a--b/*c*/`d`\""), "select * from T where Name='a--b/*c*/`d`'");
+}
+
 TEST(AccessDialect, EmptyStatementIsRefused) {
   Refusal(L"   ");
   Refusal(nullptr);

@@ -32,6 +32,11 @@ int CQKWeather::UpdateData(long id, CADODatabase* db) {
 
 void CQKWeather::UpdateWeatherTableData(CADODatabase*, CADODatabase*) {}
 
+// Called by name only, as its declaration says; clang warns at the definition too.
+#if defined(__GNUC__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wclass-conversion"
+#endif
 CQKWeather::operator CQKWeatherData() const {
   CQKWeatherData v;
   v.CId = CId;
@@ -72,3 +77,6 @@ CQKWeather::operator CQKWeatherData() const {
   v.WinDesignDay = WinDesignDay;
   return v;
 }
+#if defined(__GNUC__)
+#pragma GCC diagnostic pop
+#endif

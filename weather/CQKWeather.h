@@ -44,12 +44,13 @@ class QK_EXPORT CQKWeather : public CQKWeatherData, public tagDBSTRUCT {
   // wind words, EpwType, Aux1, the monthly tables and the orientation table keep their defaults.
   // C++ never calls a conversion to a base class by itself: `CQKWeatherData v = weather;` copies every
   // field. Call it by name, `weather.operator CQKWeatherData()`, for this partial copy.
-#if defined(__GNUC__) && !defined(__clang__)
+  // g++ and clang both warn about it, and both read the GCC pragma.
+#if defined(__GNUC__)
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wclass-conversion"
 #endif
   operator CQKWeatherData() const;
-#if defined(__GNUC__) && !defined(__clang__)
+#if defined(__GNUC__)
 #pragma GCC diagnostic pop
 #endif
 };

@@ -27,7 +27,8 @@ class QK_EXPORT CTempDataYear : public CAData {
   CTempDataYear& operator=(const CTempDataYear& other);
   ~CTempDataYear() override = default;
 
-  // Sets the path of the yearly data file, nothing else.
+  // Sets the path of the yearly data file, nothing else. CAData's Init() stays callable beside it.
+  using CAData::Init;
   void Init(const wchar_t* path);
   CString GetFilePath() const;
 

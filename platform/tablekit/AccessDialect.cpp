@@ -106,6 +106,12 @@ bool Tokenize(std::wstring_view sql, std::vector<Token>& tokens, std::string& er
       i = j;
     } else {
       std::wstring_view two = sql.substr(i, 2);
+      // Access has no comments and no backquoted names, but the backends have both: a ";" after
+      // "--" or inside `...` would look quoted to this layer and end the statement there.
+      if (two == L"--" || two == L"/*" || c == L'`') {
+        error = c == L'`' ? "a backquote, which Access SQL does not have" : "a comment, which Access SQL does not have";
+        return false;
+      }
       std::size_t n = (two == L"<>" || two == L"<=" || two == L">=" || two == L"!=" || two == L"||") ? 2 : 1;
       tokens.push_back({Kind::Punct, std::wstring(sql.substr(i, n))});
       i += n;

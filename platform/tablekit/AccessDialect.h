@@ -15,6 +15,9 @@
 //                   term that is a comparison becomes CASE WHEN a=b THEN 0 ELSE 1 END, which sorts
 //                   the same way on every backend.
 //   ;               ends the statement; anything but blanks after it is refused, never run.
+//   -- /* `         refused outside texts and names: Access has no comments and no backquoted
+//                   names, and the backends would read them as such, so a ";" the layer takes for
+//                   part of a text could end the statement there.
 // Text comparison ignoring case is the schema's business (text columns are COLLATE NOCASE).
 
 #include <string>
@@ -27,8 +30,8 @@ namespace tablekit {
 enum class SqlDialect { SQLite, PostgreSQL };
 
 // Translates one Access statement to UTF-8 SQL. Returns false with a reason in error (and out
-// unspecified) for an empty statement, an unterminated text or name, a second statement, or an
-// unsupported "top".
+// unspecified) for an empty statement, an unterminated text or name, a second statement, a comment
+// or a backquote, or an unsupported "top".
 QK_EXPORT bool TranslateAccessSql(const wchar_t* accessSql, std::string& out, std::string& error,
                                   SqlDialect dialect = SqlDialect::SQLite);
 

@@ -166,10 +166,15 @@ std::pair<long, long> ExpectedRecords(const HeaderLine& line) {
 }  // namespace
 
 EpwFile EpwFile::Read(const std::filesystem::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) throw DataError("cannot read " + path.string());
-  const std::string name = path.filename().string();
+  std::ifstream file(path, std::ios::binary);
+  if (!file) throw DataError("cannot read " + path.string());
+  std::ostringstream text;
+  text << file.rdbuf();
+  return Parse(path.filename().string(), text.str());
+}
 
+EpwFile EpwFile::Parse(const std::string& name, const std::string& contents) {
+  std::istringstream in(contents);
   EpwFile epw;
   std::string text;
   int number = 0;

@@ -47,6 +47,8 @@ struct EpwFile {
   // out of place or cut short, a field that is not a number or out of range, or data records fewer
   // or more than the data periods hold.
   static EpwFile Read(const std::filesystem::path& path);
+  // The same for the text of a file, named name in the messages.
+  static EpwFile Parse(const std::string& name, const std::string& contents);
 };
 
 }  // namespace qkdb
