@@ -38,45 +38,36 @@ double StandardPressure(double elevation) {
   return std::round(101325.0 * std::pow(1.0 - 2.25577e-5 * elevation, 5.2559));
 }
 
-// The design days the way EnergyPlus's design-day files build them from the same conditions: the
-// 21st of the hottest (coldest) month; in summer the 0.4 % dry-bulb with its daily range and its mean
-// coincident wet-bulb (humidity type 0, wet-bulb), a clear sky; in winter the 99.6 % dry-bulb held all
-// day (range 0, wet-bulb taken equal to it), no sun. Day types keep the weather value's own coding:
-// 1 summer design day, 0 winter design day.
+// One design day as EnergyPlus's design-day files build it from the ASHRAE conditions: the 21st of
+// the month, humidity type 0 (the humidity value is a wet-bulb, °C), no rain, snow or daylight saving.
+CQKDesignData DesignDay(int month, int dayType, double dryBulb, double range, double wetBulb, double pressure,
+                        double windSpeed, double windDirection, double skyClearness) {
+  CQKDesignData d;
+  d.Month = month;
+  d.DayOfMonth = 21;
+  d.DayType = dayType;
+  d.MaxDryBulbTemp = dryBulb;
+  d.DailyTempRange = range;
+  d.HumIndType = 0;
+  d.HumMaxDryBulb = wetBulb;
+  d.BarPress = pressure;
+  d.WindSpeed = windSpeed;
+  d.WindDirection = windDirection;
+  d.SkyClearness = skyClearness;
+  return d;
+}
+
+// Summer: the hottest month, the 0.4 % dry-bulb with its daily range and mean coincident wet-bulb, a
+// clear sky. Winter: the coldest month, the 99.6 % dry-bulb held all day (range 0, wet-bulb taken
+// equal to it), no sun. Day types keep the weather value's own coding: 1 summer, 0 winter.
 void FillDesignDays(const EpwFile& epw, CQKWeather& w) {
   const double pressure = StandardPressure(epw.location.elevation);
-  if (epw.cooling) {
-    const EpwCooling& c = *epw.cooling;
-    CQKDesignData& d = w.SumDesignDay;
-    d.Month = c.hottestMonth;
-    d.DayOfMonth = 21;
-    d.DayType = 1;
-    d.MaxDryBulbTemp = c.dryBulb;
-    d.DailyTempRange = c.dailyRange;
-    d.HumIndType = 0;
-    d.HumMaxDryBulb = c.wetBulb;
-    d.BarPress = pressure;
-    d.WindSpeed = c.windSpeed;
-    d.WindDirection = c.windDirection;
-    d.SkyClearness = 1.0;
-    d.RainIndicator = d.SnowIndicator = d.DSTIndicator = 0;
-  }
-  if (epw.heating) {
-    const EpwHeating& h = *epw.heating;
-    CQKDesignData& d = w.WinDesignDay;
-    d.Month = h.coldestMonth;
-    d.DayOfMonth = 21;
-    d.DayType = 0;
-    d.MaxDryBulbTemp = h.dryBulb;
-    d.DailyTempRange = 0.0;
-    d.HumIndType = 0;
-    d.HumMaxDryBulb = h.dryBulb;
-    d.BarPress = pressure;
-    d.WindSpeed = h.windSpeed;
-    d.WindDirection = h.windDirection;
-    d.SkyClearness = 0.0;
-    d.RainIndicator = d.SnowIndicator = d.DSTIndicator = 0;
-  }
+  if (const auto& c = epw.cooling)
+    w.SumDesignDay = DesignDay(c->hottestMonth, 1, c->dryBulb, c->dailyRange, c->wetBulb, pressure, c->windSpeed,
+                               c->windDirection, 1.0);
+  if (const auto& h = epw.heating)
+    w.WinDesignDay = DesignDay(h->coldestMonth, 0, h->dryBulb, 0.0, h->dryBulb, pressure, h->windSpeed,
+                               h->windDirection, 0.0);
 }
 
 // The weather columns this import writes; every other column keeps what the row held.
