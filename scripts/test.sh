@@ -9,13 +9,14 @@ scripts/deps.sh
 cmake --preset "$preset" >/dev/null
 cmake --build --preset "$preset"
 # A locale whose decimal point is a comma, compiled into the build folder (no system change), so the
-# test that numbers in SQL keep their "." runs everywhere instead of being skipped.
+# test that formatted numbers keep their "." runs everywhere instead of being skipped. That test alone
+# puts the folder into LOCPATH.
 locales="build/locales"
 if [ ! -d "$locales/de_DE.UTF-8" ]; then
   mkdir -p "$locales"
   localedef -i de_DE -f UTF-8 "$locales/de_DE.UTF-8" || echo "note: no de_DE locale could be made; one test will be skipped"
 fi
-export LOCPATH="$PWD/$locales"
+export QK_TEST_LOCALES="$PWD/$locales"
 # The database tests also run on PostgreSQL: on the server QK_PG_URI names, or else on a throw-away one
 # started here for this run. Without a server they are skipped, unless QK_PG_REQUIRED is set (CI).
 if [ -z "${QK_PG_URI:-}" ]; then

@@ -5,6 +5,7 @@
 
 #include <clocale>
 #include <cstdio>
+#include <cstdlib>
 #include <limits>
 #include <stdexcept>
 #include <string>
@@ -23,8 +24,19 @@ bool AllReplacement(const CString& text) {
 }
 
 // Puts LC_NUMERIC back to "C" however a test ends, so that later tests see the usual locale.
+// Puts LC_NUMERIC back to "C" afterwards. While it lives, glibc also looks for locales in the folder
+// QK_TEST_LOCALES names (scripts/test.sh compiles de_DE there, so no system locale is needed). That
+// folder goes into LOCPATH only here and not for the whole test process: with LOCPATH set from the
+// start, glibc keeps the path list it builds for the locale lookups that libpq's Kerberos libraries
+// make as they load, and never frees it.
 struct NumericLocaleRestorer {
-  ~NumericLocaleRestorer() { std::setlocale(LC_NUMERIC, "C"); }
+  NumericLocaleRestorer() {
+    if (const char* folder = std::getenv("QK_TEST_LOCALES")) setenv("LOCPATH", folder, 1);
+  }
+  ~NumericLocaleRestorer() {
+    std::setlocale(LC_NUMERIC, "C");
+    unsetenv("LOCPATH");
+  }
 };
 
 }  // namespace
