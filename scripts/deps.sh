@@ -4,7 +4,8 @@
 set -euo pipefail
 
 packages=(g++ cmake ninja-build pkg-config libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev
-          nlohmann-json3-dev libcli11-dev libpq-dev postgresql locales mdbtools-dev clang libclang-rt-14-dev)
+          nlohmann-json3-dev libcli11-dev libpq-dev postgresql locales mdbtools-dev clang libclang-rt-14-dev
+          valgrind)
 
 missing=()
 for p in "${packages[@]}"; do
