@@ -44,7 +44,7 @@ fi
 # start, and valgrind cannot tell such pointers from stray ones. The AVX2 string functions of glibc
 # read whole 32-byte words past the end of short strings, which valgrind 3.19 takes for invalid reads
 # (KDE bug 397083): glibc is told to use its other versions, so no report needs suppressing.
-# The tool runs the tests start as separate programs (qkdb) are not followed; the asan preset checks them.
+# The qkdb processes that the tool tests start are not followed; the asan preset checks them.
 logs="build/memcheck"
 rm -rf "$logs"
 mkdir -p "$logs"

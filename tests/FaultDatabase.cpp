@@ -12,6 +12,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "GeographyFixture.h"
 #include "construction/CQKTimbering.h"
 #include "construction/CQKTimberingType.h"
 #include "envelope/CQKBSCategory.h"
@@ -24,7 +25,6 @@
 #include "rooms/CQKRULoadParam.h"
 #include "rooms/CQKRoomType.h"
 #include "rooms/CQKRoomUse.h"
-#include "tablekit/CADODatabase.h"
 #include "weather/CQKWeather.h"
 
 namespace {
@@ -60,12 +60,6 @@ const CString& SeededTemplate() {
     return made;
   }();
   return file;
-}
-
-template <class Record>
-void Forget() {
-  if (Record::m_pADODatabase) Record::m_pADODatabase->Close();
-  Record::S_Init(L"", L"");
 }
 
 std::string TableRows(sqlite3* db, const std::string& table) {
@@ -170,19 +164,19 @@ void FaultFixture::SetUp() {
 }
 
 void FaultFixture::TearDown() {
-  Forget<CQKCountry>();
-  Forget<CQKProvince>();
-  Forget<CQKCity>();
-  Forget<CQKWeather>();
-  Forget<CQKBSCategory>();
-  Forget<CQKBSType>();
-  Forget<CQKBSCode>();
-  Forget<CQKBoundingStructure>();
-  Forget<CQKTimberingType>();
-  Forget<CQKTimbering>();
-  Forget<CQKRoomType>();
-  Forget<CQKRoomUse>();
-  Forget<CQKRULoadParam>();
+  ForgetClassTable<CQKCountry>();
+  ForgetClassTable<CQKProvince>();
+  ForgetClassTable<CQKCity>();
+  ForgetClassTable<CQKWeather>();
+  ForgetClassTable<CQKBSCategory>();
+  ForgetClassTable<CQKBSType>();
+  ForgetClassTable<CQKBSCode>();
+  ForgetClassTable<CQKBoundingStructure>();
+  ForgetClassTable<CQKTimberingType>();
+  ForgetClassTable<CQKTimbering>();
+  ForgetClassTable<CQKRoomType>();
+  ForgetClassTable<CQKRoomUse>();
+  ForgetClassTable<CQKRULoadParam>();
 }
 
 void FaultFixture::OpenToOthers(mode_t fileMode, mode_t folderMode) {

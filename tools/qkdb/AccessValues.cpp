@@ -6,33 +6,13 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 #include <vector>
 
 #include "CsvTable.h"
+#include "mfc/CString.h"
 
 namespace qkdb {
-
-namespace {
-
-void AppendUtf8(std::string& out, std::uint32_t code) {
-  if (code < 0x80) {
-    out += static_cast<char>(code);
-  } else if (code < 0x800) {
-    out += static_cast<char>(0xc0 | code >> 6);
-    out += static_cast<char>(0x80 | (code & 0x3f));
-  } else if (code < 0x10000) {
-    out += static_cast<char>(0xe0 | code >> 12);
-    out += static_cast<char>(0x80 | (code >> 6 & 0x3f));
-    out += static_cast<char>(0x80 | (code & 0x3f));
-  } else {
-    out += static_cast<char>(0xf0 | code >> 18);
-    out += static_cast<char>(0x80 | (code >> 12 & 0x3f));
-    out += static_cast<char>(0x80 | (code >> 6 & 0x3f));
-    out += static_cast<char>(0x80 | (code & 0x3f));
-  }
-}
-
-}  // namespace
 
 void Damaged(const std::string& table, const std::string& what) {
   throw DataError("table \"" + table + "\": " + what + " (the file is damaged)");
@@ -112,7 +92,9 @@ std::string Utf16Text(const unsigned char* p, std::size_t size) {
   } else {
     for (std::size_t i = 0; i + 1 < size; i += 2) units.push_back(static_cast<std::uint16_t>(p[i] | p[i + 1] << 8));
   }
-  std::string text;
+  // Code points in a wide string (wchar_t is 32 bits on the systems this tool runs on), which CString
+  // then writes as UTF-8, NULs included.
+  std::wstring text;
   text.reserve(units.size());
   for (std::size_t i = 0; i < units.size(); ++i) {
     std::uint32_t code = units[i];
@@ -120,9 +102,9 @@ std::string Utf16Text(const unsigned char* p, std::size_t size) {
       code = 0x10000 + ((code - 0xd800) << 10) + (units[++i] - 0xdc00);
     else if (code >= 0xd800 && code < 0xe000)
       code = 0xfffd;
-    AppendUtf8(text, code);
+    text += static_cast<wchar_t>(code);
   }
-  return text;
+  return CString(std::move(text)).ToUtf8();
 }
 
 }  // namespace qkdb
