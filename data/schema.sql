@@ -118,6 +118,36 @@ CREATE TABLE Weather (
 -- back, and an index on position would hand them back sorted by longitude instead of as stored.
 CREATE INDEX WeatherCity ON Weather (CId);
 
+-- Beside the weather table, two tables the library does not read (qkdb init fills them; qkdb reads
+-- them). WeatherFileSource: where each city's weather file comes from. The file is the city's own
+-- (Own 1: its station's, or one within 20 km of it) or the nearest station's that has one (Own 0);
+-- WmoId and Station name the file's station, Source its archive source (CSWD, IWEC, SWERA …), and
+-- DistanceKm is the great-circle distance from the city to that station (null when the city's
+-- position is not known).
+CREATE TABLE WeatherFileSource (
+  ID         INTEGER PRIMARY KEY AUTOINCREMENT,
+  CId        INTEGER NOT NULL DEFAULT 0,
+  EpwName    TEXT COLLATE NOCASE,
+  WmoId      TEXT COLLATE NOCASE,
+  Station    TEXT COLLATE NOCASE,
+  Source     TEXT COLLATE NOCASE,
+  DistanceKm REAL,
+  Own        INTEGER NOT NULL DEFAULT 0
+);
+CREATE INDEX WeatherFileSourceCity ON WeatherFileSource (CId);
+
+-- CityAlias: the other names an engineer types for a city (CId): its official name with the
+-- administrative suffix, today's name of a renamed city, the standard's station names, English names.
+-- Kind says which, Source where the name comes from.
+CREATE TABLE CityAlias (
+  ID     INTEGER PRIMARY KEY AUTOINCREMENT,
+  CId    INTEGER NOT NULL DEFAULT 0,
+  Alias  TEXT NOT NULL DEFAULT '' COLLATE NOCASE,
+  Kind   TEXT COLLATE NOCASE,
+  Source TEXT COLLATE NOCASE
+);
+CREATE INDEX CityAliasName ON CityAlias (Alias);
+
 -- Rooms: room types, then room uses (RTId = ID of its room type), then the load parameters of each
 -- room use (RUId = ID of its room use), one column per named item: humidities in percent, LaoDongQD
 -- the labour intensity as its id 0..4 (静坐, 极轻劳动, 轻度劳动, 中等劳动, 重度劳动).

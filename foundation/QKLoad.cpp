@@ -1,6 +1,11 @@
 #include "foundation/QKLoad.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+#include <system_error>
 
 namespace QKLoad {
 
@@ -43,6 +48,24 @@ CString IntToStr(int value) {
   CString text;
   text.Format(L"%d", value);
   return text;
+}
+
+double ScaleByPowerOfTen(double value, int exponent) {
+  if (!std::isfinite(value) || value == 0.0 || exponent == 0) return value;
+  // The shortest scientific form ("5.8e-01" for 0.58), its exponent shifted, read back: the double
+  // nearest the shifted decimal.
+  char text[64];
+  const auto written = std::to_chars(text, text + sizeof text, value, std::chars_format::scientific);
+  char* const e = std::find(text, written.ptr, 'e');
+  long long shifted = 0;
+  std::from_chars(e + 1 + (e[1] == '+'), written.ptr, shifted);
+  shifted += exponent;
+  const int length = std::snprintf(e + 1, sizeof text - static_cast<std::size_t>(e + 1 - text), "%lld", shifted);
+  double result = 0.0;
+  const auto read = std::from_chars(text, e + 1 + length, result);
+  if (read.ec == std::errc::result_out_of_range)
+    return std::copysign(shifted > 0 ? std::numeric_limits<double>::infinity() : 0.0, value);
+  return result;
 }
 
 void SetDjCnWd(double value) { g_djCnWd = value; }

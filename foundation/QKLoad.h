@@ -46,6 +46,14 @@ QK_EXPORT CString DblToStr(double value, int decimals);
 // value formatted with "%d".
 QK_EXPORT CString IntToStr(int value);
 
+// value × 10^exponent, taken as the decimal that value was written as: the point of the shortest
+// decimal that reads back as value is moved, and the result is the double nearest that decimal. So
+// 0.58 × 10² gives exactly 58 and 1013.3 × 10² exactly 101330, where a binary multiplication gives
+// 57.99999999999999 and 101329.99999999999; and scaling back by -exponent returns value itself. For
+// the unit changes of stored data (Pa and hPa, fractions and percent). Infinities and NaN pass
+// through; a result beyond the range of a double is an infinity, one below it zero.
+QK_EXPORT double ScaleByPowerOfTen(double value, int exponent);
+
 // The process-wide design indoor temperature, 0.0 until set.
 QK_EXPORT void SetDjCnWd(double value);
 QK_EXPORT double GetDjCnWd();

@@ -192,6 +192,53 @@ TEST_P(CQKWeatherTest, DjSwZdFxPjFsFillsBothItemsOfItsColumn) {
   EXPECT_EQ(in.Djswzdfxpjfs, 3.1);
 }
 
+// A row of nulls but its key, its city and its weather file: the null columns leave every number as
+// it was, the scaled ones (pressures, humidities) included, bit for bit.
+TEST_P(CQKWeatherTest, NullColumnsLeaveEveryFieldAsItWas) {
+  Seed("INSERT INTO Weather (CId, EpwName) VALUES (8, 'CHN_Beijing.Beijing.545110_CSWD.epw');");
+  CQKWeather in;
+  ASSERT_TRUE(in.ReadData(1, nullptr));
+  const CQKWeather defaults;
+  EXPECT_EQ(in.DjDqy, defaults.DjDqy);
+  EXPECT_EQ(in.XjDqy, defaults.XjDqy);
+  EXPECT_EQ(in.ZlYPjXdSd, defaults.ZlYPjXdSd);
+  EXPECT_EQ(in.ZRYPjXdSd, defaults.ZRYPjXdSd);
+  EXPECT_EQ(in.XjTfSwXdSd, defaults.XjTfSwXdSd);
+  EXPECT_EQ(in.DjKtSwXdSd, defaults.DjKtSwXdSd);
+  // Every other field, through the stream that carries them all; only the record's key differs, and
+  // the two texts: a text item reads a null column as "" (the store's rule for texts).
+  CQKWeather expected = defaults;
+  expected.SetID(in.GetID());
+  expected.SumWindDef = L"";
+  expected.WinWindDef = L"";
+  CADataStream read, fresh;
+  in.DataOutPut(read);
+  expected.DataOutPut(fresh);
+  EXPECT_EQ(read.GetBytes(), fresh.GetBytes());
+}
+
+// Pressures and humidities are stored with the decimals they were given: 58 %, not 57.99999999999999,
+// and read back as the very doubles that were written.
+TEST_P(CQKWeatherTest, ScaledItemsAreStoredWithTheirDecimalsAndReadBackExactly) {
+  CQKWeather out;
+  out.CId = 4;
+  out.XjTfSwXdSd = 58.0 / 100.0;
+  out.DjKtSwXdSd = 0.29;
+  out.DjDqy = 101330.0;
+  out.XjDqy = 100450.0;
+  ASSERT_EQ(out.AddIfNotExist(nullptr, 0), DBS_ADDED);
+  EXPECT_EQ(Query("select XjTfSwXdSd from Weather"), "58.0");
+  EXPECT_EQ(Query("select DjKtSwXdSd from Weather"), "29.0");
+  EXPECT_EQ(Query("select DjDqy from Weather"), "1013.3");
+  EXPECT_EQ(Query("select XjDqy from Weather"), "1004.5");
+  CQKWeather in;
+  ASSERT_TRUE(in.ReadData(out.GetID(), nullptr));
+  EXPECT_EQ(in.XjTfSwXdSd, out.XjTfSwXdSd);
+  EXPECT_EQ(in.DjKtSwXdSd, out.DjKtSwXdSd);
+  EXPECT_EQ(in.DjDqy, out.DjDqy);
+  EXPECT_EQ(in.XjDqy, out.XjDqy);
+}
+
 TEST_P(CQKWeatherTest, IsExistWithoutARowIsNotExist) {
   CQKWeather w;
   w.CId = 3;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 #include <string>
 #include <vector>
@@ -119,6 +120,36 @@ TEST(QKLoad, DblToStrOfTheSmallestDoubleKeepsEveryDigit) {
   EXPECT_EQ(text.GetLength(), 2 + 1074);
   EXPECT_EQ(text.Left(6).str(), L"0.0000");
   EXPECT_EQ(text.Right(4).str(), L"5625");  // the digits of 5^1074, which ends in ...5625
+}
+
+TEST(QKLoad, ScaleByPowerOfTenMovesTheDecimalPointOfTheShortestForm) {
+  EXPECT_EQ(QKLoad::ScaleByPowerOfTen(0.58, 2), 58.0);  // 0.58 * 100 is 57.99999999999999
+  EXPECT_NE(0.58 * 100.0, 58.0);
+  EXPECT_EQ(QKLoad::ScaleByPowerOfTen(1013.3, 2), 101330.0);
+  EXPECT_EQ(QKLoad::ScaleByPowerOfTen(102040.0, -2), 1020.4);
+  EXPECT_EQ(QKLoad::ScaleByPowerOfTen(58.0, -2), 0.58);
+  EXPECT_EQ(QKLoad::ScaleByPowerOfTen(-12.5, 3), -12500.0);
+  EXPECT_EQ(QKLoad::ScaleByPowerOfTen(1e-300, 5), 1e-295);
+}
+
+TEST(QKLoad, ScaleByPowerOfTenThereAndBackGivesTheSameDouble) {
+  for (double v : {0.1, 0.37, 0.45, 0.58, 0.6, 1013.3, 998.6, 0.1 + 0.2, 1.0 / 3.0, 123456.789e-7})
+    for (int e : {-4, -2, 2, 4}) EXPECT_EQ(QKLoad::ScaleByPowerOfTen(QKLoad::ScaleByPowerOfTen(v, e), -e), v) << v << " " << e;
+}
+
+TEST(QKLoad, ScaleByPowerOfTenKeepsZerosInfinitiesAndNaN) {
+  EXPECT_EQ(QKLoad::ScaleByPowerOfTen(0.0, 2), 0.0);
+  EXPECT_TRUE(std::signbit(QKLoad::ScaleByPowerOfTen(-0.0, 2)));
+  EXPECT_EQ(QKLoad::ScaleByPowerOfTen(std::numeric_limits<double>::infinity(), -2), std::numeric_limits<double>::infinity());
+  EXPECT_TRUE(std::isnan(QKLoad::ScaleByPowerOfTen(std::nan(""), 2)));
+  EXPECT_EQ(QKLoad::ScaleByPowerOfTen(3.0, 0), 3.0);
+}
+
+TEST(QKLoad, ScaleByPowerOfTenBeyondTheRangeOfADoubleIsInfiniteOrZero) {
+  EXPECT_EQ(QKLoad::ScaleByPowerOfTen(1e300, 100), std::numeric_limits<double>::infinity());
+  EXPECT_EQ(QKLoad::ScaleByPowerOfTen(-1e300, 100), -std::numeric_limits<double>::infinity());
+  EXPECT_EQ(QKLoad::ScaleByPowerOfTen(1e-300, -100), 0.0);
+  EXPECT_EQ(QKLoad::ScaleByPowerOfTen(2.0, 2147483647), std::numeric_limits<double>::infinity());
 }
 
 TEST(QKLoad, IntToStrFormatsDecimal) {

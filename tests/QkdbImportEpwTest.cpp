@@ -227,6 +227,46 @@ TEST_F(QkdbImportEpw, AStationWithoutAFileIsRecognisedByItsPosition) {
   EXPECT_EQ(Query("SELECT XjKtSwGqWd FROM Weather WHERE CId = 2"), "34.4");
 }
 
+// 新乡 names 郑州's file as the nearest it has (WeatherFileSource: not its own), and its weather row
+// comes before 郑州's: the file still lands on 郑州, its own station, and 新乡's row stays as it was.
+TEST_F(QkdbImportEpw, AFileANeighbourNamesAsItsNearestLandsOnItsOwnStationsCity) {
+  const std::string file = "CHN_Henan.Zhengzhou.570830_CSWD.epw";
+  CreateDatabase(CString::FromUtf8(db),
+                 "UPDATE Weather SET EpwName = '" + file + "' WHERE CId = 2;"
+                 "INSERT INTO Weather (CId, JD, WD, XjKtSwGqWd, EpwName) SELECT CId, JD, WD, XjKtSwGqWd, EpwName "
+                 "FROM Weather WHERE CId = 1;"
+                 "DELETE FROM Weather WHERE ID = 1;"
+                 "INSERT INTO WeatherFileSource (CId, EpwName, WmoId, Station, Source, DistanceKm, Own) VALUES "
+                 "(2, '" + file + "', '570830', '郑州', 'CSWD', 67.1, 0), (1, '" + file + "', '570830', '郑州', 'CSWD', 0, 1);");
+  const std::string neighbour = "SELECT quote(JD) || quote(WD) || quote(XjKtSwGqWd) || quote(EpwName) || "
+                                "quote(Elevation) || quote(SumMaxDryBulbTemp) FROM Weather WHERE CId = 2";
+  const std::string before = Query(neighbour);
+  ToolRun run = Import(kSampleEpw.string());
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_NE(run.out.find("郑州, 河南, 中国 (city ID 1)"), std::string::npos) << run.out;
+  EXPECT_EQ(Query(neighbour), before);
+  EXPECT_EQ(Query("SELECT SumMaxDryBulbTemp FROM Weather WHERE CId = 1"), "35.1");
+  EXPECT_EQ(Query("SELECT COUNT(*) FROM City"), "3");
+}
+
+// A city whose file is a neighbour's is recognised by its position, and the imported file becomes its
+// own, in WeatherFileSource too.
+TEST_F(QkdbImportEpw, ACityWithANeighboursFileTakesAFileOfItsOwnStation) {
+  CreateDatabase(CString::FromUtf8(db),
+                 "UPDATE Weather SET EpwName = 'CHN_Henan.Zhengzhou.570830_CSWD.epw' WHERE CId = 2;"
+                 "INSERT INTO WeatherFileSource (CId, EpwName, WmoId, Station, Source, DistanceKm, Own) VALUES "
+                 "(2, 'CHN_Henan.Zhengzhou.570830_CSWD.epw', '570830', '郑州', 'CSWD', 67.1, 0);");
+  ToolRun run = Import(Write("CHN_Henan.Xinxiang.539860_CSWD.epw",
+                             EpwText("LOCATION,Xinxiang,Henan,CHN,CSWD,539860,35.32,113.88,8.0,72.7")));
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_NE(run.out.find("新乡, 河南, 中国 (city ID 2), found by its position"), std::string::npos) << run.out;
+  EXPECT_EQ(Query("SELECT EpwName FROM Weather WHERE CId = 2"), "CHN_Henan.Xinxiang.539860_CSWD.epw");
+  EXPECT_EQ(Query("SELECT EpwName || ' ' || WmoId || ' ' || Station || ' ' || Source || ' ' || Own "
+                  "FROM WeatherFileSource WHERE CId = 2"),
+            "CHN_Henan.Xinxiang.539860_CSWD.epw 539860 Xinxiang CSWD 1");
+  EXPECT_EQ(Query("SELECT COUNT(*) FROM WeatherFileSource WHERE CId = 2"), "1");
+}
+
 TEST_F(QkdbImportEpw, AStationTooFarFromEveryRowIsAddedUnderItsOwnNames) {
   // 0.06° north of 新乡: beyond the 0.05° within which two rows are taken for one station.
   ToolRun run = Import(Write("x.epw", EpwText("LOCATION,Xi'an,Shaanxi,CHN,CSWD,570360,35.3767,113.8833,8.0,397.5")));

@@ -5,7 +5,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
+#include <cstdio>
+#include <nlohmann/json.hpp>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -48,6 +51,21 @@ long DataRows(const std::string& file) {
 }
 
 std::string Text(const CString& s) { return s.ToUtf8(); }
+
+// The fields of one CSV line: comma-separated, a field in double quotes may hold commas.
+std::vector<std::string> CsvFields(const std::string& line) {
+  std::vector<std::string> fields(1);
+  bool quoted = false;
+  for (char c : line) {
+    if (c == '"')
+      quoted = !quoted;
+    else if (c == ',' && !quoted)
+      fields.emplace_back();
+    else if (c != '\r')
+      fields.back() += c;
+  }
+  return fields;
+}
 
 // The children of a tree node, for range loops.
 template <class Node>
@@ -183,9 +201,32 @@ TEST_F(QkdbInitTest, DoubtfulValuesAreLeftOut) {
   EXPECT_EQ(of("安庆", "DjKtSwGqWd"), "1");      // +2.9 °C, warmer than its heating temperature
   EXPECT_EQ(of("安庆", "DjCnSwGqWd"), "0");
   EXPECT_EQ(of("红河州", "DjDqy"), "1");          // 蒙自: summer pressure above winter
-  EXPECT_EQ(of("锦州", "WD"), "1");               // the two sources disagree on the position
-  EXPECT_EQ(of("锦州", "JD"), "1");
-  EXPECT_EQ(of("北京", "WD"), "0");
+  EXPECT_EQ(of("红河州", "XjDqy"), "1");
+}
+
+TEST_F(QkdbInitTest, PositionsASecondSourceDecidesAreKeptOrCorrected) {
+  auto degrees = [&](const char* city, const char* column) {
+    return Query(std::string("SELECT round(") + column + " * 180 / pi(), 4) FROM Weather WHERE CId = (SELECT ID FROM City "
+                 "WHERE Name = '" + city + "')");
+  };
+  // The EPW list disagrees, the ISD station list agrees with the standard: kept as printed.
+  EXPECT_EQ(degrees("锦州", "WD"), "41.1333");
+  EXPECT_EQ(degrees("白山", "WD"), "41.8");     // 临江
+  EXPECT_EQ(degrees("南京", "WD"), "32.0");     // the SWERA file of the same station agrees
+  // One degree lost in the transcription, the minutes kept: 钟祥 30°10' → 31°10', 枣阳 30°09' → 32°09'.
+  EXPECT_EQ(degrees("荆门", "WD"), "31.1667");  // 钟祥
+  EXPECT_EQ(degrees("荆门", "JD"), "112.5667");
+  EXPECT_EQ(degrees("襄樊", "WD"), "32.15");    // 枣阳
+  EXPECT_EQ(degrees("十堰", "WD"), "32.0333");  // 房县
+}
+
+TEST_F(QkdbInitTest, PressuresAndHumiditiesAreStoredAsPrinted) {
+  // 郑州: 1013.3 / 992.3 hPa; 北京: 58 % summer ventilation humidity (61 in the data is 郑州's).
+  EXPECT_EQ(Query("SELECT DjDqy || ' ' || XjDqy FROM Weather w JOIN City c ON c.ID = w.CId WHERE c.Name = '郑州'"),
+            "1013.3 992.3");
+  EXPECT_EQ(Query("SELECT COUNT(*) FROM Weather WHERE DjDqy <> round(DjDqy, 1) OR XjDqy <> round(XjDqy, 1) OR "
+                  "DjKtSwXdSd <> round(DjKtSwXdSd) OR XjTfSwXdSd <> round(XjTfSwXdSd)"),
+            "0");
 }
 
 TEST_F(QkdbInitTest, EachFurtherStationOfACityIsACityOfItsOwn) {
@@ -197,29 +238,80 @@ TEST_F(QkdbInitTest, EachFurtherStationOfACityIsACityOfItsOwn) {
   EXPECT_EQ(Text(hulunbuir.EpwName), "CHN_Nei.Mongol.Manzhouli.505140_CSWD.epw");
 }
 
-TEST_F(QkdbInitTest, EpwFilesAreMatchedByWmoIdCswdFirst) {
-  // 146 stations have a file of their own: 143 CSWD, 2 SWERA only, 1 IWEC only.
-  EXPECT_EQ(Query("SELECT COUNT(*) FROM Weather WHERE EpwName <> ''"), "146");
-  EXPECT_EQ(Query("SELECT COUNT(*) FROM Weather WHERE EpwName LIKE '%CSWD.epw'"), "143");
-  // The others have none: null, which the tree filtered to places with weather leaves out.
-  EXPECT_EQ(Query("SELECT COUNT(*) FROM Weather WHERE EpwName IS NULL"), "148");
+TEST_F(QkdbInitTest, EveryStationHasAWeatherFileWithItsSource) {
+  EXPECT_EQ(Query("SELECT COUNT(*) FROM Weather WHERE EpwName IS NULL OR EpwName = ''"), "0");
+  EXPECT_EQ(Query("SELECT COUNT(*) FROM WeatherFileSource"), Query("SELECT COUNT(*) FROM Weather"));
+  EXPECT_EQ(Query("SELECT COUNT(*) FROM Weather w JOIN WeatherFileSource s ON s.CId = w.CId AND s.EpwName = w.EpwName"),
+            Query("SELECT COUNT(*) FROM Weather"));
+  // 146 stations have a file of their station's WMO id, CSWD first (143 CSWD, 2 SWERA only, 1 IWEC
+  // only); two more one within 20 km.
+  EXPECT_EQ(Query("SELECT COUNT(*) FROM WeatherFileSource WHERE Own = 1"), "148");
+  EXPECT_EQ(Query("SELECT COUNT(*) FROM WeatherFileSource WHERE Own = 1 AND EpwName LIKE '%CSWD.epw'"), "145");
 }
 
-TEST_F(QkdbInitTest, ACityWithoutAWeatherFileBorrowsFromTheNearestThatHasOne) {
-  const std::string own = Query("SELECT w.JD || ' ' || w.WD FROM Weather w JOIN City c ON c.ID = w.CId WHERE c.Name = '唐山'");
-  ASSERT_EQ(Query("SELECT EpwName FROM Weather w JOIN City c ON c.ID = w.CId WHERE c.Name = '唐山'"), "<null>");
-  // The nearest by the stored position, worked out here in SQL over every row that has a file.
+// Every station, asked for by its name in the standard, answers with its own heating temperature
+// through the tool, exactly as the data file prints it.
+TEST_F(QkdbInitTest, EveryStationAnswersWithItsOwnHeatingTemperature) {
+  std::ifstream csv(fs::path(QK_DATA_DIR) / "cn_outdoor_design_gb50736.csv");
+  std::string line;
+  std::getline(csv, line);
+  const std::vector<std::string> header = CsvFields(line);
+  const auto column = [&](const char* name) { return std::find(header.begin(), header.end(), name) - header.begin(); };
+  const auto nameAt = column("station_name"), heatingAt = column("heating_db_c");
+  int stations = 0;
+  while (std::getline(csv, line)) {
+    const std::vector<std::string> row = CsvFields(line);
+    const std::string command = std::string(QKDB_PATH) + " weather '" + row[nameAt] + "' --json --db '" + s_path + "'";
+    std::string out;
+    if (FILE* pipe = popen(command.c_str(), "r")) {
+      char buffer[4096];
+      for (std::size_t n; (n = fread(buffer, 1, sizeof buffer, pipe)) > 0;) out.append(buffer, n);
+      EXPECT_EQ(pclose(pipe), 0) << row[nameAt];
+    }
+    const nlohmann::json answer = nlohmann::json::parse(out, nullptr, false);
+    ASSERT_TRUE(answer.is_object()) << row[nameAt] << ": " << out;
+    EXPECT_EQ(answer["DjCnSwGqWd"], std::stod(row[heatingAt])) << row[nameAt];
+    EXPECT_NE(answer["EpwName"], nullptr) << row[nameAt];
+    ++stations;
+  }
+  EXPECT_EQ(stations, DataRows("cn_outdoor_design_gb50736.csv"));
+}
+
+TEST_F(QkdbInitTest, ANearbyFileOfAnotherWmoIdIsTheStationsOwn) {
+  auto source = [&](const char* city) {
+    return Query(std::string("SELECT s.EpwName || ' ' || s.Own || ' ' || s.DistanceKm FROM WeatherFileSource s JOIN City c "
+                             "ON c.ID = s.CId WHERE c.Name = '") + city + "'");
+  };
+  EXPECT_EQ(source("重庆"), "CHN_Chongqing.Chongqing.Shapingba.575160_CSWD.epw 1 7.2");
+  EXPECT_EQ(source("长沙"), "CHN_Hunan.Changsha.576870_CSWD.epw 1 16.2");
+}
+
+TEST_F(QkdbInitTest, AStationWithoutAFileTakesTheFileOfTheNearestStationThatHasOne) {
+  EXPECT_EQ(Query("SELECT s.EpwName || ' ' || s.Station || ' ' || s.Own || ' ' || s.DistanceKm FROM WeatherFileSource s "
+                  "JOIN City c ON c.ID = s.CId WHERE c.Name = '三亚'"),
+            "CHN_Hainan.Haikou.597580_CSWD.epw 海口 0 218.1");
+  // The nearest by great-circle distance among the stations with a file of their own, worked out
+  // here from the stored positions with the spherical law of cosines.
   const std::string nearest = Query(
-      "SELECT c.Name FROM Weather w JOIN City c ON c.ID = w.CId, "
+      "SELECT w.EpwName FROM Weather w JOIN WeatherFileSource s ON s.CId = w.CId AND s.Own = 1, "
       "(SELECT JD AS x, WD AS y FROM Weather WHERE CId = (SELECT ID FROM City WHERE Name = '唐山')) t "
-      "WHERE w.EpwName <> '' AND w.JD IS NOT NULL "
-      "ORDER BY (w.JD - t.x) * (w.JD - t.x) + (w.WD - t.y) * (w.WD - t.y) LIMIT 1");
-  int result = 0;
-  CQKWeather borrowed = ClimateOf(L"唐山", &result);
-  EXPECT_EQ(result, 1);
-  EXPECT_EQ(Text(borrowed.CityName), nearest) << own;
-  EXPECT_NE(Text(borrowed.EpwName), "");
-  EXPECT_NE(Text(borrowed.CityName), "唐山");
+      "ORDER BY acos(min(1, sin(w.WD) * sin(t.y) + cos(w.WD) * cos(t.y) * cos(w.JD - t.x))) LIMIT 1");
+  EXPECT_EQ(Query("SELECT EpwName FROM Weather w JOIN City c ON c.ID = w.CId WHERE c.Name = '唐山'"), nearest);
+}
+
+TEST_F(QkdbInitTest, NoCityOfTheStandardBorrowsAClimate) {
+  for (long id = 1; id <= std::stol(Query("SELECT MAX(ID) FROM City")); ++id) {
+    CQKWeather weather;
+    weather.CId = id;
+    EXPECT_EQ(CQKWeatherDataAdmin::GetWeatherByCityId(weather), 0) << id;
+    EXPECT_EQ(weather.CId, id);
+  }
+  int result = -1;
+  CQKWeather sanya = ClimateOf(L"三亚", &result);
+  EXPECT_EQ(result, 0);
+  EXPECT_EQ(Text(sanya.CityName), "三亚");
+  EXPECT_DOUBLE_EQ(sanya.DjCnSwGqWd, 17.9);  // GB 50736's 三亚, not 海口's 12.6
+  EXPECT_EQ(Text(sanya.EpwName), "CHN_Hainan.Haikou.597580_CSWD.epw");
 }
 
 TEST_F(QkdbInitTest, TheFilteredWeatherTreeListsOnlyPlacesWithWeather) {

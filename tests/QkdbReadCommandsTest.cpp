@@ -209,10 +209,10 @@ TEST_F(QkdbReadCommands, WeatherTableHasOneLineForEveryItem) {
 
 // --- weather: JSON ----------------------------------------------------------------------------------
 
-TEST_F(QkdbReadCommands, WeatherJsonHasExactlyTheItemNamesAndThePlaceNames) {
+TEST_F(QkdbReadCommands, WeatherJsonHasExactlyTheItemNamesThePlaceNamesAndTheWeatherFilesSource) {
   json out = Json("weather 郑州");
   std::set<std::string> expected = WeatherItemNames();
-  expected.insert({"CityName", "ProvinceName", "CountryName"});
+  expected.insert({"CityName", "ProvinceName", "CountryName", "EpwOwn", "EpwStation", "EpwDistanceKm"});
   EXPECT_EQ(Keys(out), expected);
   EXPECT_EQ(out["CityName"], "郑州");
   EXPECT_EQ(out["ProvinceName"], "河南");

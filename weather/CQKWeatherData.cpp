@@ -1,12 +1,13 @@
 #include "weather/CQKWeatherData.h"
 
+#include <cstring>
 #include <numbers>
+
+#include "foundation/QKLoad.h"
 
 namespace {
 
 constexpr double kDegree = std::numbers::pi / 180.0;
-constexpr double kPaPerHPa = 100.0;
-constexpr double kPercentPerFraction = 100.0;
 
 // Compass suffixes of the eight "DjLfStCxXz_…" items, in the order of the factors.
 constexpr const wchar_t* kDirectionItems[8] = {
@@ -17,17 +18,22 @@ constexpr const wchar_t* kZoneNames[11] = {L"严寒A区", L"严寒B区", L"严�
                                            L"寒冷B区", L"夏热冬冷A区", L"夏热冬冷B区", L"夏热冬暖A区",
                                            L"夏热冬暖B区", L"温和A区", L"温和B区"};
 
-// Pressures travel in hPa, relative humidities in percent.
-constexpr double kToHPa = 1.0 / kPaPerHPa;
-constexpr double kToPercent = kPercentPerFraction;
+// Pressures travel in hPa, relative humidities in percent: the powers of ten that take the value's
+// Pa and fractions there. The scaling moves the decimal point (QKLoad::ScaleByPowerOfTen), so 58 %
+// is held as 0.58 and travels as 58 again, not as 57.99999999999999.
+constexpr int kToHPa = -2;
+constexpr int kToPercent = 2;
 
-// The stream's two directions. A walk names each item once, in order; Scaled gives the factor applied
-// on writing and the one applied after reading, which are inverse except where the format says not.
+double Scale(double value, int exponent) { return QKLoad::ScaleByPowerOfTen(value, exponent); }
+
+// The stream's two directions. A walk names each item once, in order; Scaled gives the power of ten
+// applied on writing and the one applied after reading, which are inverse except where the format
+// says not.
 struct StreamWriter {
   CADataStream& stream;
   template <class T>
   void Item(T& field) { stream.WriteItem(field); }
-  void Scaled(double& field, double written, double) { stream.WriteItem(field * written); }
+  void Scaled(double& field, int written, int) { stream.WriteItem(Scale(field, written)); }
   void Day(CQKDesignData& day) { day.DataOutPut(stream); }
 };
 
@@ -36,9 +42,9 @@ struct StreamReader {
   template <class T>
   void Item(T& field) { stream.ReadItem(&field); }
   // A failed read leaves the field as it was.
-  void Scaled(double& field, double, double read) {
+  void Scaled(double& field, int, int read) {
     double value = 0.0;
-    if (stream.ReadItem(&value) == 0) field = value * read;
+    if (stream.ReadItem(&value) == 0) field = Scale(value, read);
   }
   void Day(CQKDesignData& day) { day.DataInPut(stream); }
 };
@@ -47,16 +53,21 @@ struct ExchangeWriter {
   CADataExchange& exchange;
   template <class T>
   void Item(const wchar_t* name, T& field) { exchange.WriteItem(name, field); }
-  void Scaled(const wchar_t* name, double& field, double written) { exchange.WriteItem(name, field * written); }
+  void Scaled(const wchar_t* name, double& field, int written) { exchange.WriteItem(name, Scale(field, written)); }
 };
 
 struct ExchangeReader {
   CADataExchange& exchange;
   template <class T>
   void Item(const wchar_t* name, T& field) { exchange.ReadItem(name, &field); }
-  void Scaled(const wchar_t* name, double& field, double written) {
-    double value = 0.0;
-    if (exchange.ReadItem(name, &value) == 0) field = value / written;
+  // A store reports no failed read (a null column, say): it leaves the target as it was. The target
+  // therefore starts as the field's own value in the exchange's unit, and a target that comes back
+  // bit for bit unchanged leaves the field exactly as it was, rather than scaling it there and back.
+  void Scaled(const wchar_t* name, double& field, int written) {
+    const double before = Scale(field, written);
+    double value = before;
+    if (exchange.ReadItem(name, &value) != 0) return;
+    if (std::memcmp(&value, &before, sizeof value) != 0) field = Scale(value, -written);
   }
 };
 
@@ -90,30 +101,30 @@ void WalkStream(Visit& v, CQKWeatherData& w, unsigned long version) {
   v.Item(w.CityName);
   v.Item(w.JD);
   v.Item(w.WD);
-  v.Scaled(w.XjDqy, kToHPa, kPaPerHPa);
+  v.Scaled(w.XjDqy, kToHPa, -kToHPa);
   v.Item(w.XjKtSwGqWd);
   v.Item(w.XjKtSwSqWd);
   v.Item(w.XjKtRPjWd);
   v.Item(w.XjJsRJC);
   v.Item(w.XjSwPjFs);
   v.Item(w.XjKtDqTmDDj);
-  v.Scaled(w.ZRYPjXdSd, kToPercent, 1.0 / kToPercent);
+  v.Scaled(w.ZRYPjXdSd, kToPercent, -kToPercent);
   v.Item(w.XjTfSwGqWd);
-  v.Scaled(w.XjTfSwXdSd, kToPercent, 1.0 / kToPercent);
+  v.Scaled(w.XjTfSwXdSd, kToPercent, -kToPercent);
   if (version >= 2) {
     v.Item(w.Xjzdfx);
     v.Item(w.Xjswzdfxpjfs);
     v.Item(w.Djzdfx);
     v.Item(w.Djswzdfxpjfs);
   }
-  v.Scaled(w.DjDqy, kToHPa, kPaPerHPa);
+  v.Scaled(w.DjDqy, kToHPa, -kToHPa);
   v.Item(w.DjCnSwGqWd);
   v.Item(w.DjKtSwGqWd);
   v.Item(w.DjSwZdFxPjFs);
-  v.Scaled(w.ZlYPjXdSd, kToPercent, 1.0 / kToPercent);
+  v.Scaled(w.ZlYPjXdSd, kToPercent, -kToPercent);
   v.Item(w.DjTfSwGqWd);
   // Written as the fraction it is, read as if it were percent: stored streams have it so.
-  v.Scaled(w.DjKtSwXdSd, 1.0, 1.0 / kToPercent);
+  v.Scaled(w.DjKtSwXdSd, 0, -kToPercent);
   v.Item(w.DjSwPjFs);
   for (double& factor : w.DjLfStCxXz) v.Item(factor);
   v.Item(w.DistrictCode);

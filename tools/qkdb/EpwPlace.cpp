@@ -26,6 +26,12 @@ const std::string kOfWeather =
     " FROM Weather w JOIN City c ON c.ID = w.CId LEFT JOIN Province p ON p.ID = c.PId "
     "LEFT JOIN Country k ON k.ID = p.CId ";
 
+// A weather row whose file WeatherFileSource records as a neighbour's (Own 0) merely names that file
+// as its nearest: it is not the file's station, and an import never lands on it by the file's name.
+// A database without that table knows only files of their own station.
+const std::string kBorrowedFile =
+    "EXISTS (SELECT 1 FROM WeatherFileSource s WHERE s.CId = w.CId AND s.EpwName = w.EpwName AND s.Own = 0)";
+
 EpwPlace Found(const std::vector<std::string>& row, std::string how) {
   return EpwPlace{std::stol(row[0]), row[1], row[2], row[3], std::move(how)};
 }
@@ -86,18 +92,22 @@ EpwPlace FindOrAddPlace(const std::string& path, const std::string& fileName, co
   if (names.city.empty()) {
     SqliteFile lookup(path, true);
     const std::string what = "look the station up";
-    auto rows = lookup.Rows(kPlace + kOfWeather + "WHERE w.EpwName = ?1 ORDER BY w.ID", {fileName}, what);
+    const bool sources = lookup.HasTable("WeatherFileSource");
+    const std::string ownFile = sources ? " AND NOT " + kBorrowedFile : "";
+    const std::string noOwnFile = sources ? " OR " + kBorrowedFile : "";
+    auto rows = lookup.Rows(kPlace + kOfWeather + "WHERE w.EpwName = ?1" + ownFile + " ORDER BY w.ID", {fileName}, what);
     if (!rows.empty()) return Found(rows.front(), "by its weather file's name");
 
     if (!location.wmo.empty())
-      for (const auto& row : lookup.Rows(kPlace + ", w.EpwName" + kOfWeather + "WHERE w.EpwName <> '' ORDER BY w.ID", {}, what))
+      for (const auto& row :
+           lookup.Rows(kPlace + ", w.EpwName" + kOfWeather + "WHERE w.EpwName <> ''" + ownFile + " ORDER BY w.ID", {}, what))
         if (NamesStation(row[4], location.wmo))
           return Found(row, "by its WMO station " + location.wmo + " (weather file " + row[4] + ")");
 
     // Positions are stored in radians.
     const double toRadians = std::numbers::pi / 180.0;
     rows = lookup.Rows(kPlace + ", w.JD, w.WD" + kOfWeather +
-                        "WHERE (w.EpwName IS NULL OR w.EpwName = '') AND abs(w.WD - ?1) <= ?3 AND abs(w.JD - ?2) <= ?3 "
+                        "WHERE (w.EpwName IS NULL OR w.EpwName = ''" + noOwnFile + ") AND abs(w.WD - ?1) <= ?3 AND abs(w.JD - ?2) <= ?3 "
                         "ORDER BY (w.WD - ?1) * (w.WD - ?1) + (w.JD - ?2) * (w.JD - ?2), w.ID",
                        {location.latitude * toRadians, location.longitude * toRadians, kSameStation * toRadians}, what);
     if (!rows.empty()) {

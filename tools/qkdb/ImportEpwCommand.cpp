@@ -115,6 +115,19 @@ void KeepOtherColumns(const std::string& copyPath, const std::string& original, 
   db.Execute(sql + " WHERE ID = " + std::to_string(id), "keep the weather items the file does not give");
 }
 
+// The imported file is the city's own from now on: WeatherFileSource says so, with the file's station
+// and source, and a distance of 0 (the import moves the city's position onto the station's). A
+// database without that table is left without it.
+void RecordOwnFile(const std::string& copyPath, long cityId, const std::string& fileName, const EpwLocation& l) {
+  SqliteFile db(copyPath);
+  if (!db.HasTable("WeatherFileSource")) return;
+  const std::string what = "record where the imported weather file comes from";
+  db.Rows("DELETE FROM WeatherFileSource WHERE CId = ?1", {static_cast<double>(cityId)}, what);
+  db.Rows("INSERT INTO WeatherFileSource (CId, EpwName, WmoId, Station, Source, DistanceKm, Own) "
+          "VALUES (?1, ?2, ?3, ?4, ?5, 0, 1)",
+          {static_cast<double>(cityId), fileName, l.wmo, l.city, l.source}, what);
+}
+
 // Adds the city's weather row, or overwrites the one it has. Returns the row's key.
 long WriteWeather(CQKWeather& w, bool& added) {
   switch (w.IsExist(nullptr)) {
@@ -215,6 +228,7 @@ int ImportEpwCommand::Run() const {
     bool added = false;
     const long id = WriteWeather(weather, added);
     KeepOtherColumns(copy.Path(), fs::absolute(path).string(), id, ImportedColumns(epw));
+    RecordOwnFile(copy.Path(), place.cityId, fileName, epw.location);
     if (fs::exists(path + "-wal", ec))
       throw DataError(path + " is open in another program (its write-ahead log is beside it); nothing imported");
     copy.Commit();

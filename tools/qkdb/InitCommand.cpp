@@ -14,6 +14,8 @@
 #include "PlaceLoader.h"
 #include "ReferenceDatabase.h"
 #include "RoomLoader.h"
+#include "SqliteFile.h"
+#include "reference/CityAliases.h"
 #include "mfc/CString.h"
 #include "tablekit/CADODatabase.h"
 #include "tablekit/CADORecordset.h"
@@ -45,10 +47,10 @@ void CreateSchema(const std::string& path, const std::string& schema) {
 
 // The rows of every table, as the closing report of a build.
 void ReportCounts(CADODatabase& db) {
-  static const char* const tables[] = {"Country",      "Province",      "City",       "Weather",
-                                       "TimberingType", "Timbering",    "BSCategory", "BSType",
-                                       "BSCode",       "BoundingStructure", "RoomType", "RoomUse",
-                                       "RULoadParam"};
+  static const char* const tables[] = {"Country",   "Province",      "City",          "Weather",
+                                       "WeatherFileSource", "CityAlias", "TimberingType", "Timbering",
+                                       "BSCategory", "BSType",   "BSCode",        "BoundingStructure",
+                                       "RoomType",  "RoomUse",       "RULoadParam"};
   for (const char* table : tables) {
     CADORecordset rs(&db);
     long count = -1;
@@ -98,7 +100,9 @@ int InitCommand::Run() const {
     if (!db.OpenAccess(CString::FromUtf8(building.Path()), L"", L""))
       throw DataError("cannot open " + building.Path() + ": " + db.GetLastError().ToUtf8());
     db.Execute(L"PRAGMA synchronous = OFF");
-    LoadPlaces(data, db);
+    const Places places = LoadPlaces(data, db);
+    SqliteFile aliases(building.Path());
+    LoadCityAliases(data, aliases, places.cityOf, places.files);
     LoadCatalogue(data, db);
     LoadRooms(data, db);
     std::printf("Built %s from %s:\n", path.c_str(), data.string().c_str());

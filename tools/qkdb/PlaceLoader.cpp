@@ -10,9 +10,13 @@
 
 #include "CsvTable.h"
 #include "RowNulls.h"
+#include "SqliteFile.h"
+#include "foundation/QKLoad.h"
 #include "geography/CQKCity.h"
 #include "geography/CQKCountry.h"
 #include "geography/CQKProvince.h"
+#include "reference/WeatherFiles.h"
+#include "tablekit/CADODatabase.h"
 #include "weather/CQKWeather.h"
 
 namespace qkdb {
@@ -59,27 +63,6 @@ Corrections ReadCorrections(const CsvTable& table) {
   return corrections;
 }
 
-// The station's own EPW file by WMO id: a CSWD file first, then IWEC, then SWERA, then any other.
-std::map<std::string, std::string> EpwFiles(const CsvTable& epw) {
-  auto rank = [](const std::string& source) {
-    if (source == "CSWD") return 0;
-    if (source == "IWEC") return 1;
-    if (source == "SWERA") return 2;
-    return 3;
-  };
-  std::map<std::string, std::pair<int, std::string>> best;
-  for (std::size_t r = 0; r < epw.Size(); ++r) {
-    const std::string& station = epw.Field(r, "gb50736_station_id");
-    if (station.empty()) continue;
-    const int k = rank(epw.Field(r, "data_source"));
-    auto found = best.find(station);
-    if (found == best.end() || k < found->second.first) best[station] = {k, epw.Field(r, "epw_file_name")};
-  }
-  std::map<std::string, std::string> files;
-  for (const auto& [station, file] : best) files[station] = file.second;
-  return files;
-}
-
 // One station's row of the outdoor design table as a weather record, and the columns it leaves null.
 class StationRow {
  public:
@@ -92,7 +75,7 @@ class StationRow {
     double v = 0.0;
     auto fix = m_corrections.find({m_station, column});
     bool given = fix == m_corrections.end() ? m_table.Number(m_row, column, v) : !fix->second.empty();
-    if (given && fix != m_corrections.end()) v = std::stod(fix->second);
+    if (given && fix != m_corrections.end()) v = std::stod(fix->second);  // a correction in the data's own notation
     if (!given) {
       m_null.push_back(item);
       return false;
@@ -100,8 +83,10 @@ class StationRow {
     value = v;
     return true;
   }
-  void TakeScaled(const std::string& column, const std::string& item, double& value, double scale) {
-    if (Take(column, item, value)) value *= scale;
+  // The value times 10^exponent, its decimal point moved: 58 % is 0.58, so that the weather table
+  // stores 58 again (QKLoad::ScaleByPowerOfTen).
+  void TakeScaled(const std::string& column, const std::string& item, double& value, int exponent) {
+    if (Take(column, item, value)) value = QKLoad::ScaleByPowerOfTen(value, exponent);
   }
   void Leave(const std::string& item) { m_null.push_back(item); }
   const std::string& Text(const std::string& column) const { return m_table.Field(m_row, column); }
@@ -129,24 +114,23 @@ void TakeWind(StationRow& row, const std::string& season, CString& word, double&
   row.Take(season + "_prevailing_dir_wind_ms", speedItem, speed);
 }
 
-void FillWeather(StationRow& row, CQKWeather& w, const std::map<std::string, std::string>& epw,
-                 const std::string& station) {
+void FillWeather(StationRow& row, CQKWeather& w, const WeatherFile* file) {
   double lat = 0.0;
   double lon = 0.0;
   if (row.Take("latitude_deg", "WD", lat)) w.WD = Radians(lat);
   if (row.Take("longitude_deg", "JD", lon)) w.JD = Radians(lon);
-  row.TakeScaled("pressure_winter_hpa", "DjDqy", w.DjDqy, 100.0);  // hPa in the data, Pa in memory
-  row.TakeScaled("pressure_summer_hpa", "XjDqy", w.XjDqy, 100.0);
+  row.TakeScaled("pressure_winter_hpa", "DjDqy", w.DjDqy, 2);  // hPa in the data, Pa in memory
+  row.TakeScaled("pressure_summer_hpa", "XjDqy", w.XjDqy, 2);
   row.Take("heating_db_c", "DjCnSwGqWd", w.DjCnSwGqWd);
   row.Take("winter_ac_db_c", "DjKtSwGqWd", w.DjKtSwGqWd);
-  row.TakeScaled("winter_ac_rh_pct", "DjKtSwXdSd", w.DjKtSwXdSd, 0.01);  // percent in the data, fraction in memory
+  row.TakeScaled("winter_ac_rh_pct", "DjKtSwXdSd", w.DjKtSwXdSd, -2);  // percent in the data, fraction in memory
   row.Take("winter_vent_db_c", "DjTfSwGqWd", w.DjTfSwGqWd);
   row.Take("winter_mean_wind_ms", "DjSwPjFs", w.DjSwPjFs);
   const bool dryBulb = row.Take("summer_ac_db_c", "XjKtSwGqWd", w.XjKtSwGqWd);
   row.Take("summer_ac_wb_c", "XjKtSwSqWd", w.XjKtSwSqWd);
   const bool dailyMean = row.Take("summer_ac_daily_mean_db_c", "XjKtRPjWd", w.XjKtRPjWd);
   row.Take("summer_vent_db_c", "XjTfSwGqWd", w.XjTfSwGqWd);
-  row.TakeScaled("summer_vent_rh_pct", "XjTfSwXdSd", w.XjTfSwXdSd, 0.01);
+  row.TakeScaled("summer_vent_rh_pct", "XjTfSwXdSd", w.XjTfSwXdSd, -2);
   row.Take("summer_mean_wind_ms", "XjSwPjFs", w.XjSwPjFs);
   // The summer design daily range follows from the two summer temperatures by the standard's own
   // relation t_wg = t_wp + 0.52·Δt_r (the dry-bulb design temperature is the daily mean plus 0.52 of
@@ -160,23 +144,51 @@ void FillWeather(StationRow& row, CQKWeather& w, const std::map<std::string, std
   w.Djswzdfxpjfs = w.DjSwZdFxPjFs;  // one column holds both (see the schema)
   row.Take("elevation_m", "Elevation", w.Elevation);
   w.TimeZone = 8.0;  // all of China keeps Beijing time, UTC+8
-  // A station without a file of its own has a null EpwName: the lookups then borrow a neighbour's
-  // climate, and the place tree filtered to places with weather leaves it out.
-  auto file = epw.find(station);
-  if (file != epw.end())
-    w.EpwName = CString::FromUtf8(file->second);
+  // Every station of the data gets a file (its own or its nearest neighbour's); one that got none
+  // (no position to measure from) has a null EpwName, and the lookups borrow a neighbour's climate.
+  if (file)
+    w.EpwName = CString::FromUtf8(file->file);
   else
     row.Leave("EpwName");
 }
 
+// The station's position in degrees, after the corrections; unknown where the data leaves it out.
+Station PlaceOf(const CsvTable& stations, std::size_t r, const Corrections& corrections) {
+  StationRow row(stations, r, corrections);
+  Station s{stations.Field(r, "station_id"), stations.Field(r, "station_name"), std::nullopt, std::nullopt};
+  double degrees = 0.0;
+  if (row.Take("latitude_deg", "WD", degrees)) s.latitude = degrees;
+  if (row.Take("longitude_deg", "JD", degrees)) s.longitude = degrees;
+  return s;
+}
+
+// Where the city's weather file comes from, one row of WeatherFileSource.
+void RecordSource(SqliteFile& file, long cityId, const WeatherFile& w) {
+  std::vector<SqliteFile::Value> values;
+  values.emplace_back(static_cast<double>(cityId));
+  for (const std::string* text : {&w.file, &w.wmo, &w.station, &w.source}) values.emplace_back(*text);
+  values.emplace_back(w.own ? 1.0 : 0.0);
+  std::string distance = "NULL";
+  if (w.distanceKm) {
+    values.emplace_back(std::round(*w.distanceKm * 10.0) / 10.0);  // 0.1 km: the positions are printed to 1'
+    distance = "?7";
+  }
+  file.Rows("INSERT INTO WeatherFileSource (CId, EpwName, WmoId, Station, Source, Own, DistanceKm) "
+            "VALUES (?1, ?2, ?3, ?4, ?5, ?6, " + distance + ")",
+            values, "record where the weather file of city " + std::to_string(cityId) + " comes from");
+}
+
 }  // namespace
 
-void LoadPlaces(const std::filesystem::path& dataDir, CADODatabase& db) {
+Places LoadPlaces(const std::filesystem::path& dataDir, CADODatabase& db) {
   const CsvTable provinces(dataDir / "cn_provinces.csv");
   const CsvTable cities(dataDir / "cn_cities.csv");
   const CsvTable stations(dataDir / "cn_outdoor_design_gb50736.csv");
-  const auto epw = EpwFiles(CsvTable(dataDir / "cn_epw_stations.csv"));
   const Corrections corrections = ReadCorrections(CsvTable(dataDir / "station_corrections.csv"));
+  std::vector<Station> places;
+  for (std::size_t r = 0; r < stations.Size(); ++r) places.push_back(PlaceOf(stations, r, corrections));
+  const std::map<std::string, WeatherFile> files = ChooseWeatherFiles(places, CsvTable(dataDir / "cn_epw_stations.csv"));
+  SqliteFile sources(db.GetPath().ToUtf8());
 
   CQKCountry country;
   country.Name = L"中国";
@@ -210,21 +222,26 @@ void LoadPlaces(const std::filesystem::path& dataDir, CADODatabase& db) {
     if (!ids.empty()) cityOfStation[ids.front()] = id;
   }
 
+  std::map<std::string, long> cityOf;  // every station's city
   for (std::size_t r = 0; r < stations.Size(); ++r) {
     const std::string& id = stations.Field(r, "station_id");
     auto own = cityOfStation.find(id);
     const long cityId = own != cityOfStation.end()
                             ? own->second
                             : addCity(provinceOf(stations, r, "province"), stations.Field(r, "station_name"), stations.Where(r));
+    cityOf[id] = cityId;
     CQKWeather weather;
     weather.CId = cityId;
     StationRow row(stations, r, corrections);
-    FillWeather(row, weather, epw, id);
+    auto file = files.find(id);
+    FillWeather(row, weather, file != files.end() ? &file->second : nullptr);
+    if (file != files.end()) RecordSource(sources, cityId, file->second);
     CheckWritten(weather.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, stations.Where(r));
     std::vector<std::string> null = kNeverGiven;
     null.insert(null.end(), row.Null().begin(), row.Null().end());
     ClearColumns(db, "Weather", weather.GetID(), null);
   }
+  return {cityOf, files};
 }
 
 }  // namespace qkdb

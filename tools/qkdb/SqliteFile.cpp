@@ -48,4 +48,9 @@ std::vector<std::vector<std::string>> SqliteFile::Rows(const std::string& sql, c
   return rows;
 }
 
+bool SqliteFile::HasTable(const std::string& name) {
+  return !Rows("SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = ?1", {name}, "look for the table " + name)
+              .empty();
+}
+
 }  // namespace qkdb

@@ -30,6 +30,9 @@ class SqliteFile {
   // The rows of sql with values bound to ?1, ?2, …, each row as its columns' texts ("" for null).
   std::vector<std::vector<std::string>> Rows(const std::string& sql, const std::vector<Value>& values,
                                              const std::string& what);
+  // True when the database has a table of that name (tables the tool added later may be missing
+  // from a database built before them).
+  bool HasTable(const std::string& name);
   [[noreturn]] void Fail(const std::string& what) const;
 
  private:

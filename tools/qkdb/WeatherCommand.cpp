@@ -7,8 +7,11 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 #include <numbers>
+#include <optional>
 #include <vector>
 
+#include "CityNames.h"
+#include "GreatCircle.h"
 #include "Output.h"
 #include "WeatherItems.h"
 #include "geography/CQKCity.h"
@@ -24,19 +27,10 @@ namespace {
 using nlohmann::ordered_json;
 
 constexpr double kRadiansPerDegree = std::numbers::pi / 180.0;
-constexpr double kEarthRadiusKm = 6371.0;
 // --near looks at the cities within 10° of longitude and of latitude of the point (the library's
 // search square, which it takes in radians): wide enough for the sparse stations of western China,
 // narrow enough that a point far from every station gets no answer rather than one a continent away.
 constexpr double kNearHalfWidthDegrees = 10.0;
-
-// Great-circle distance (haversine) between two positions given in radians, km.
-double DistanceKm(double lon1, double lat1, double lon2, double lat2) {
-  const double sinLat = std::sin((lat2 - lat1) / 2.0);
-  const double sinLon = std::sin((lon2 - lon1) / 2.0);
-  const double a = sinLat * sinLat + std::cos(lat1) * std::cos(lat2) * sinLon * sinLon;
-  return 2.0 * kEarthRadiusKm * std::asin(std::sqrt(std::min(1.0, a)));
-}
 
 // Kilometres to the metre: finer would only be noise from the positions' own rounding.
 double RoundKm(double km) { return std::round(km * 1000.0) / 1000.0; }
@@ -106,6 +100,58 @@ bool RowItems(CQKWeather& weather, ordered_json& items) {
   return true;
 }
 
+// What the command answers: the climate's items, the place whose climate it is, what is said before
+// the table, and the JSON keys besides the items and the names.
+struct Answer {
+  ordered_json items;
+  Place place;
+  std::vector<std::string> heading;
+  ordered_json extra = ordered_json::object();
+};
+
+// Where the weather file of cityId comes from (WeatherFileSource), when the table has a row for the
+// file the city's weather row names: a database built before the table, or a file changed since,
+// has none.
+struct FileSource {
+  std::string station;
+  std::string source;
+  std::optional<double> km;
+  bool own = false;
+};
+
+std::optional<FileSource> SourceOfFile(CQKWeather& weather, long cityId, const CString& epwName) {
+  CString sql;
+  sql.Format(L"select EpwName, Station, Source, DistanceKm, Own from WeatherFileSource where CId=%ld", cityId);
+  CADORecordset rs;
+  if (epwName.IsEmpty() || !weather.ExecSql(sql, &rs, nullptr) || rs.IsEOF()) return std::nullopt;
+  CString file, station, source;
+  rs.GetFieldValue(0, file);
+  if (file.CompareNoCase(epwName) != 0) return std::nullopt;
+  rs.GetFieldValue(1, station);
+  rs.GetFieldValue(2, source);
+  FileSource found{station.ToUtf8(), source.ToUtf8(), std::nullopt, false};
+  double km = 0.0;
+  if (rs.GetFieldValue(3, km)) found.km = km;
+  int own = 0;
+  found.own = rs.GetFieldValue(4, own) && own != 0;
+  return found;
+}
+
+// The weather file's line of the heading and its JSON keys, for a climate that is cityName's own.
+void TellFileSource(Answer& answer, CQKWeather& weather, long cityId, const std::string& cityName) {
+  const std::optional<FileSource> from = SourceOfFile(weather, cityId, weather.EpwName);
+  answer.extra["EpwOwn"] = from ? ordered_json(from->own) : ordered_json();
+  answer.extra["EpwStation"] = from ? ordered_json(from->station) : ordered_json();
+  answer.extra["EpwDistanceKm"] = from && from->km ? ordered_json(*from->km) : ordered_json();
+  if (!from) return;
+  const std::string km = from->km ? ", " + Fixed(*from->km, 1) + " km away" : "";
+  answer.heading.push_back("Weather file: " + weather.EpwName.ToUtf8() + " (" + from->source + ", station " +
+                           from->station + "): " +
+                           (from->own ? "own station" + km
+                                      : "hourly weather file from " + from->station + km + "; design conditions are " +
+                                            cityName + "'s own"));
+}
+
 // "LON,LAT" in degrees, east longitude and north latitude.
 bool ParseNear(const std::string& text, double& lon, double& lat) {
   const std::size_t comma = text.find(',');
@@ -120,15 +166,6 @@ bool ParseNear(const std::string& text, double& lon, double& lat) {
   return number(text.substr(0, comma), lon) && number(text.substr(comma + 1), lat) && std::fabs(lon) <= 180.0 &&
          std::fabs(lat) <= 90.0;
 }
-
-// What the command answers: the climate's items, the place whose climate it is, what is said before
-// the table, and the JSON keys besides the items and the names.
-struct Answer {
-  ordered_json items;
-  Place place;
-  std::vector<std::string> heading;
-  ordered_json extra = ordered_json::object();
-};
 
 int Print(const Answer& answer, bool json) {
   if (json) {
@@ -149,7 +186,7 @@ int Print(const Answer& answer, bool json) {
   return 0;
 }
 
-int ClimateOfCity(long cityId, bool json) {
+int ClimateOfCity(long cityId, const std::string& alias, bool json) {
   const Place asked = PlaceOfCity(cityId);
   // The city's own row, for its position: after a borrowing the record holds the neighbour's.
   CQKWeather own;
@@ -167,14 +204,14 @@ int ClimateOfCity(long cityId, bool json) {
   if (!RowItems(weather, answer.items)) return Tell(1, "cannot read the weather row of " + asked.city);
   answer.place = {weather.CId, weather.CityName.ToUtf8(), weather.ProvinceName.ToUtf8(),
                   weather.CountryName.ToUtf8()};
-  answer.heading.push_back(asked.Text());
+  answer.heading.push_back(asked.Text() + (alias.empty() ? "" : ", found by its other name " + alias));
   answer.heading.push_back("Position: " + (hasPosition ? Position(own.JD, own.WD) : std::string("not stored")));
   if (weather.CId != cityId) {
     // The library borrowed the nearest city's climate: say whose, and how far away it is.
     std::string distance = "at an unknown distance (the position of " + asked.city + " is not stored)";
     ordered_json km;
     if (hasPosition) {
-      km = RoundKm(DistanceKm(own.JD, own.WD, weather.JD, weather.WD));
+      km = RoundKm(GreatCircleKm(own.JD, own.WD, weather.JD, weather.WD));
       distance = Fixed(km.get<double>(), 1) + " km away";
     }
     answer.heading.push_back("Climate borrowed from " + answer.place.Text() + ", " + distance + ": " + asked.city +
@@ -182,9 +219,16 @@ int ClimateOfCity(long cityId, bool json) {
     answer.extra["BorrowedFrom"] = answer.place.city;
     answer.extra["BorrowedFor"] = asked.city;
     answer.extra["DistanceKm"] = km;
+    // The hourly file, like the whole climate, is the neighbour's.
+    answer.extra["EpwOwn"] = false;
+    answer.extra["EpwStation"] = answer.place.city;
+    answer.extra["EpwDistanceKm"] = km;
   } else if (weather.EpwName.IsEmpty()) {
     answer.heading.push_back(asked.city + " has no weather file of its own and no city with one is near enough to "
                              "borrow from: these are its own row's values.");
+    TellFileSource(answer, weather, cityId, asked.city);
+  } else {
+    TellFileSource(answer, weather, cityId, asked.city);
   }
   return Print(answer, json);
 }
@@ -207,11 +251,12 @@ int ClimateNear(double lon, double lat, bool json) {
   Answer answer;
   answer.place = PlaceOfCity(weather.CId);
   if (!RowItems(weather, answer.items)) return Tell(1, "cannot read the weather row of " + answer.place.city);
-  const double km = RoundKm(DistanceKm(lon * kRadiansPerDegree, lat * kRadiansPerDegree, weather.JD, weather.WD));
+  const double km = RoundKm(GreatCircleKm(lon * kRadiansPerDegree, lat * kRadiansPerDegree, weather.JD, weather.WD));
   answer.heading.push_back("Nearest city with a weather file to " + point + ": " + answer.place.Text() + ", " +
                            Fixed(km, 1) + " km away");
   answer.heading.push_back("Position: " + Position(weather.JD, weather.WD));
   answer.extra["DistanceKm"] = km;
+  TellFileSource(answer, weather, weather.CId, answer.place.city);
   return Print(answer, json);
 }
 
@@ -251,17 +296,17 @@ int WeatherCommand::Run() const {
   if (const int status = OpenChosenDatabase(m_db)) return status;
   if (near) return ClimateNear(lon, lat, m_json);
 
-  CQKCity city;
   if (byName) {
-    city.Name = CString::FromUtf8(m_name);
-    // With no city of that name the lookup gives the first city of the table: check it matched.
-    if (!CQKWeatherDataAdmin::GetCityIdByName(city) || !city.ReadData(city.GetID()) ||
-        city.Name.CompareNoCase(CString::FromUtf8(m_name)) != 0)
-      return Tell(1, "no city named \"" + m_name + "\"");
-  } else if (!city.ReadData(m_id)) {
-    return Tell(1, "no city with ID " + std::to_string(m_id));
+    const CityByName found = FindCity(m_name);
+    if (found.id) return ClimateOfCity(found.id, found.alias, m_json);
+    std::string names;
+    for (const std::string& candidate : found.candidates) names += (names.empty() ? "" : ", ") + candidate;
+    if (found.ambiguous) return Tell(1, "\"" + m_name + "\" is another name of several cities: " + names + "; give one of them");
+    return Tell(1, "no city named \"" + m_name + "\"" + (names.empty() ? "" : " (did you mean " + names + "?)"));
   }
-  return ClimateOfCity(city.GetID(), m_json);
+  CQKCity city;
+  if (!city.ReadData(m_id)) return Tell(1, "no city with ID " + std::to_string(m_id));
+  return ClimateOfCity(city.GetID(), "", m_json);
 }
 
 }  // namespace qkdb
