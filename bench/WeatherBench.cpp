@@ -4,8 +4,10 @@
 //   - a city's climate with its names (CQKWeatherDataAdmin::GetWeatherByCityId) against a raw
 //     prepared select of the weather row plus the three name reads, for a city with its own weather
 //     file, and for one that borrows its neighbour's (the search square);
-//   - the place tree (GetCityNodes) against the same three queries walked by hand into plain nodes.
-// Run: build/default/bench/qk_bench --benchmark_filter='Climate|PlaceTree' --benchmark_repetitions=5
+//   - the place tree (GetCityNodes) against the same three queries walked by hand into plain nodes;
+//   - the unit change of a row's six scaled items (two pressures Pa → hPa, four humidities fraction →
+//     percent) by moving the decimal point (QKLoad::ScaleByPowerOfTen) against a plain multiplication.
+// Run: build/default/bench/qk_bench --benchmark_filter='Climate|PlaceTree|Scaled' --benchmark_repetitions=5
 //        --benchmark_report_aggregates_only=true
 
 #include <benchmark/benchmark.h>
@@ -20,6 +22,7 @@
 #include <string>
 #include <vector>
 
+#include "foundation/QKLoad.h"
 #include "geography/CQKCity.h"
 #include "geography/CQKCountry.h"
 #include "geography/CQKProvince.h"
@@ -163,6 +166,26 @@ BENCHMARK(BM_CityClimate_Own_Admin);
 BENCHMARK(BM_CityClimate_Own_RawSqlite);
 BENCHMARK(BM_CityClimate_Borrowed_Admin);
 BENCHMARK(BM_CityClimate_Borrowed_RawSqlite);
+
+// The six scaled items of Beijing's row, in memory units.
+const double kScaledItems[6] = {102170.0, 100020.0, 0.44, 0.78, 0.58, 0.44};
+const int kScaleExponents[6] = {-2, -2, 2, 2, 2, 2};
+const double kScaleFactors[6] = {0.01, 0.01, 100.0, 100.0, 100.0, 100.0};
+
+void BM_ScaledItems_DecimalPoint(benchmark::State& state) {
+  for (auto _ : state)
+    for (int i = 0; i < 6; ++i) benchmark::DoNotOptimize(QKLoad::ScaleByPowerOfTen(kScaledItems[i], kScaleExponents[i]));
+}
+void BM_ScaledItems_Multiply(benchmark::State& state) {
+  for (auto _ : state)
+    for (int i = 0; i < 6; ++i) {
+      double v = kScaledItems[i];
+      benchmark::DoNotOptimize(v);
+      benchmark::DoNotOptimize(v * kScaleFactors[i]);
+    }
+}
+BENCHMARK(BM_ScaledItems_DecimalPoint);
+BENCHMARK(BM_ScaledItems_Multiply);
 
 void BM_PlaceTree_Admin(benchmark::State& state) {
   InitRecords();

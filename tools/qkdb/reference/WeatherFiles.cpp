@@ -51,13 +51,21 @@ double Km(const Station& s, double latitude, double longitude) {
 
 std::map<std::string, WeatherFile> ChooseWeatherFiles(const std::vector<Station>& stations, const CsvTable& epwList) {
   const std::vector<ListedFile> files = ReadList(epwList);
-  std::map<std::string, std::string> names;  // station id → the standard's name
-  for (const Station& s : stations) names[s.id] = s.name;
+  std::map<std::string, const Station*> byId;
+  for (const Station& s : stations) byId[s.id] = &s;
 
+  // The file's station is named and placed as the standard has it when it is one of its stations (the
+  // list's positions of some are off by up to a degree: 南京's CSWD file stands at 32.83° N in the
+  // list, the station at 32.00° N), else as the list has it.
   auto choice = [&](const Station& s, const ListedFile& f, bool own) {
     WeatherFile w{f.file, f.wmo, f.nameEn, f.source, std::nullopt, own};
-    if (auto found = names.find(f.wmo.substr(0, 5)); found != names.end()) w.station = found->second;
-    if (Placed(s)) w.distanceKm = Km(s, f.latitude, f.longitude);
+    const auto found = byId.find(f.wmo.substr(0, 5));
+    const Station* station = found != byId.end() ? found->second : nullptr;
+    if (station) w.station = station->name;
+    if (Placed(s) && station && Placed(*station))
+      w.distanceKm = Km(s, *station->latitude, *station->longitude);
+    else if (Placed(s) && !station)
+      w.distanceKm = Km(s, f.latitude, f.longitude);
     return w;
   };
 

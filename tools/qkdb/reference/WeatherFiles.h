@@ -32,7 +32,10 @@ struct WeatherFile {
   std::string wmo;      // the WMO id of the file's station, as the list gives it (six digits)
   std::string station;  // the file station's name: the standard's, else the list's English one
   std::string source;   // CSWD, IWEC, SWERA, …
-  std::optional<double> distanceKm;  // great-circle, from the station to the file's listed position
+  // Great-circle, from the station to the file's station: 0 for a file of its own WMO id; to the
+  // standard's position of the file's station when that is a station of the standard, else to the
+  // list's position of the file. Unknown when a position is.
+  std::optional<double> distanceKm;
   bool own = false;     // rule 1; false for a neighbour's file
 };
 
