@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the project (default preset), builds the reference database from the shipped data, and runs
-# a short session of real work on it: a city's design climate, one borrowed from a neighbour, the
+# a short session of real work on it: a city's design climate, one whose hourly file is a neighbour's, the
 # trees of the library, and the walls of an envelope type; then the wall calculation on an example.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -11,9 +11,14 @@ qkdb=build/default/tools/qkdb/qkdb
 export QKDB_DATABASE="$PWD/build/default/reference.db"
 $qkdb --version
 $qkdb init --force
+# 郑州's hourly weather file is its own station's; 三亚 has its own design conditions and, having no file
+# of its own, the hourly file of its nearest station that has one (海口), which the answer names.
 $qkdb weather 郑州
-# 唐山 has no weather file of its own: the tool says whose climate it borrows, and how far away it is.
-$qkdb weather 唐山
+$qkdb weather 三亚
+# Other names: the official name, today's name of a renamed city, an English name.
+$qkdb weather 重庆市 | sed -n 1,3p
+$qkdb weather 襄阳 | sed -n 1,3p
+$qkdb weather Sanya --json | tail -n 4
 $qkdb weather --near 113.6,34.7 --json
 $qkdb tree weather --with-weather | sed -n 1,20p  # the first lines (sed reads to the end: no broken pipe)
 $qkdb tree envelope
