@@ -48,8 +48,8 @@ QK_EXPORT CString IntToStr(int value);
 
 // value × 10^exponent, taken as the decimal that value was written as: the point of the shortest
 // decimal that reads back as value is moved, and the result is the double nearest that decimal. So
-// 0.58 × 10² gives exactly 58 and 1013.3 × 10² exactly 101330, where a binary multiplication gives
-// 57.99999999999999 and 101329.99999999999; and scaling back by -exponent returns value itself. For
+// 0.58 × 10² gives exactly 58 and 99580 × 10⁻² exactly 995.8, where a binary multiplication gives
+// 57.99999999999999 and 995.8000000000001; and scaling back by -exponent returns value itself. For
 // the unit changes of stored data (Pa and hPa, fractions and percent). Infinities and NaN pass
 // through; a result beyond the range of a double is an infinity, one below it zero.
 QK_EXPORT double ScaleByPowerOfTen(double value, int exponent);

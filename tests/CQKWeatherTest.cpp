@@ -224,12 +224,12 @@ TEST_P(CQKWeatherTest, ScaledItemsAreStoredWithTheirDecimalsAndReadBackExactly) 
   out.CId = 4;
   out.XjTfSwXdSd = 58.0 / 100.0;
   out.DjKtSwXdSd = 0.29;
-  out.DjDqy = 101330.0;
+  out.DjDqy = 99580.0;  // 石家庄: 99580 * 0.01 is 995.8000000000001
   out.XjDqy = 100450.0;
   ASSERT_EQ(out.AddIfNotExist(nullptr, 0), DBS_ADDED);
   EXPECT_EQ(Query("select XjTfSwXdSd from Weather"), "58.0");
   EXPECT_EQ(Query("select DjKtSwXdSd from Weather"), "29.0");
-  EXPECT_EQ(Query("select DjDqy from Weather"), "1013.3");
+  EXPECT_EQ(Query("select DjDqy from Weather"), "995.8");
   EXPECT_EQ(Query("select XjDqy from Weather"), "1004.5");
   CQKWeather in;
   ASSERT_TRUE(in.ReadData(out.GetID(), nullptr));

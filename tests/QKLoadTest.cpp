@@ -126,6 +126,8 @@ TEST(QKLoad, ScaleByPowerOfTenMovesTheDecimalPointOfTheShortestForm) {
   EXPECT_EQ(QKLoad::ScaleByPowerOfTen(0.58, 2), 58.0);  // 0.58 * 100 is 57.99999999999999
   EXPECT_NE(0.58 * 100.0, 58.0);
   EXPECT_EQ(QKLoad::ScaleByPowerOfTen(1013.3, 2), 101330.0);
+  EXPECT_EQ(QKLoad::ScaleByPowerOfTen(99580.0, -2), 995.8);  // 99580 * 0.01 is 995.8000000000001
+  EXPECT_NE(99580.0 * 0.01, 995.8);
   EXPECT_EQ(QKLoad::ScaleByPowerOfTen(102040.0, -2), 1020.4);
   EXPECT_EQ(QKLoad::ScaleByPowerOfTen(58.0, -2), 0.58);
   EXPECT_EQ(QKLoad::ScaleByPowerOfTen(-12.5, 3), -12500.0);

@@ -75,7 +75,7 @@ class StationRow {
     double v = 0.0;
     auto fix = m_corrections.find({m_station, column});
     bool given = fix == m_corrections.end() ? m_table.Number(m_row, column, v) : !fix->second.empty();
-    if (given && fix != m_corrections.end()) v = std::stod(fix->second);  // a correction in the data's own notation
+    if (given && fix != m_corrections.end()) v = std::stod(fix->second);
     if (!given) {
       m_null.push_back(item);
       return false;
