@@ -188,7 +188,10 @@ Places LoadPlaces(const std::filesystem::path& dataDir, CADODatabase& db) {
   std::vector<Station> places;
   for (std::size_t r = 0; r < stations.Size(); ++r) places.push_back(PlaceOf(stations, r, corrections));
   const std::map<std::string, WeatherFile> files = ChooseWeatherFiles(places, CsvTable(dataDir / "cn_epw_stations.csv"));
+  // Written row by row between the records' writes, so without a transaction of its own: like the
+  // records' connections, it need not wait for the disk (the build flushes once at the end).
   SqliteFile sources(db.GetPath().ToUtf8());
+  sources.Execute("PRAGMA synchronous = OFF", "write the weather-file sources without waiting");
 
   CQKCountry country;
   country.Name = L"中国";
