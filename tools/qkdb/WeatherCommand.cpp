@@ -144,7 +144,8 @@ void TellFileSource(Answer& answer, CQKWeather& weather, long cityId, const std:
   answer.extra["EpwStation"] = from ? ordered_json(from->station) : ordered_json();
   answer.extra["EpwDistanceKm"] = from && from->km ? ordered_json(*from->km) : ordered_json();
   if (!from) return;
-  const std::string km = from->km ? ", " + Fixed(*from->km, 1) + " km away" : "";
+  // A file of the city's own WMO station stands where the city does: no distance to tell.
+  const std::string km = from->km && *from->km > 0.0 ? ", " + Fixed(*from->km, 1) + " km away" : "";
   answer.heading.push_back("Weather file: " + weather.EpwName.ToUtf8() + " (" + from->source + ", station " +
                            from->station + "): " +
                            (from->own ? "own station" + km
