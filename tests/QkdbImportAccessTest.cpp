@@ -3,6 +3,7 @@
 // files, which must leave nothing behind.
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -248,6 +249,13 @@ TEST_F(QkdbImportAccessRefusalTest, MissingFolderEmptyForeignAndGarbage) {
   // Garbage behind a genuine Jet 4 signature, so that mdbtools itself must read it.
   std::string jet = std::string("\0\1\0\0Standard Jet DB\0\1", 21) + garbage.substr(21);
   ExpectRefused(Write("garbage-jet.mdb", jet), "garbage with an Access signature");
+}
+
+TEST_F(QkdbImportAccessRefusalTest, ADeviceOrAFifoIsRefusedBeforeReadingIt) {
+  ExpectRefused("/dev/zero", "a device");
+  const fs::path fifo = m_inputs.path() / "pipe.mdb";
+  ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+  ExpectRefused(fifo, "a FIFO, which would wait for a writer");
 }
 
 TEST_F(QkdbImportAccessRefusalTest, CopiesCutShort) {

@@ -367,6 +367,18 @@ TEST_F(QkdbImportEpw, MissingEpwFileIsRefused) {
   ExpectRefused(Import((dir.path() / "none.epw").string()), 2, "cannot read", before);
 }
 
+TEST_F(QkdbImportEpw, ADeviceIsRefusedBeforeReadingIt) {
+  const std::string before = Slurp(db);
+  ExpectRefused(Import("/dev/zero"), 2, "/dev/zero is not a regular file", before);
+}
+
+TEST_F(QkdbImportEpw, AFileLargerThanAnEpwFileCanBeIsRefused) {
+  const std::string before = Slurp(db);
+  const std::string big = (dir.path() / "big.epw").string();
+  std::filesystem::resize_file(Write("big.epw", EpwText(kZhengzhouLocation)), 3 * 1024 * 1024 + 1);
+  ExpectRefused(Import(big), 2, "is larger than 3 MiB (3145729 bytes)", before);
+}
+
 TEST_F(QkdbImportEpw, MissingDatabaseIsRefusedAndNotCreated) {
   const std::string file = Write("z.epw", EpwText(kZhengzhouLocation));
   ToolRun run = Qkdb("import-epw '" + file + "' --db '" + (dir.path() / "none.db").string() + "'");

@@ -373,6 +373,71 @@ TEST(QkdbWall, RefusesADirectoryAsFile) {
   EXPECT_EQ(run.err, "qkdb wall: cannot read \"/\": Is a directory\n");
 }
 
+// --- bounded input ------------------------------------------------------------------------------
+
+namespace {
+
+// Runs a shell command line around qkdb (written $QKDB), under a 10 s timeout: a tool that kept
+// reading would be killed and show status 124.
+ToolRun Shell(const std::string& line) {
+  std::string out = TempPath(".out");
+  std::string err = TempPath(".err");
+  // line runs in its own shell, which finds the tool in $QKDB: line must hold no single quote.
+  const std::string command = "QKDB='" + std::string(QKDB_PATH) + "' timeout 10 sh -c '" + line + " >\"" + out +
+                              "\" 2>\"" + err + "\"'";
+  int status = std::system(command.c_str());
+  ToolRun run;
+  run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  run.out = Slurp(out);
+  run.err = Slurp(err);
+  std::remove(out.c_str());
+  std::remove(err.c_str());
+  return run;
+}
+
+const std::string kBrickWall = R"({"layers": [{"thickness": 0.24, "conductivity": 0.81, "density": 1800, "specific_heat": 1.05}]})";
+
+}  // namespace
+
+TEST(QkdbWall, RefusesADeviceGivenAsFileBeforeReadingIt) {
+  ToolRun run = Qkdb("wall /dev/zero");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, "qkdb wall: \"/dev/zero\" is not a regular file\n");
+}
+
+TEST(QkdbWall, RefusesADeviceAsStandardInput) {
+  ToolRun run = Shell("$QKDB wall < /dev/zero");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, "qkdb wall: standard input is a device, not a file\n");
+}
+
+TEST(QkdbWall, RefusesAnEndlessPipeOnceItPassesTheLimit) {
+  ToolRun run = Shell("yes | $QKDB wall");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, "qkdb wall: standard input holds more than 64 KiB\n");
+}
+
+TEST(QkdbWall, RefusesAFileLargerThanAWallCanBe) {
+  const std::string big = WriteTemp(".json", kBrickWall + std::string(64 * 1024, ' '));
+  ToolRun run = Qkdb("wall '" + big + "'");
+  std::remove(big.c_str());
+  EXPECT_EQ(run.status, 2);
+  EXPECT_NE(run.err.find("is larger than 64 KiB (" + std::to_string(kBrickWall.size() + 64 * 1024) + " bytes)"),
+            std::string::npos)
+      << run.err;
+  EXPECT_TRUE(IsOneLine(run.err)) << run.err;
+}
+
+TEST(QkdbWall, TakesAWallOfExactlyTheLimit) {
+  const std::string text = kBrickWall + std::string(64 * 1024 - kBrickWall.size(), ' ');
+  const std::string file = WriteTemp(".json", text);
+  ToolRun fromFile = Qkdb("wall '" + file + "'");
+  std::remove(file.c_str());
+  EXPECT_EQ(fromFile.status, 0) << fromFile.err;
+  ToolRun fromInput = Qkdb("wall", text);
+  EXPECT_EQ(fromInput.status, 0) << fromInput.err;
+}
+
 // --- thickness -----------------------------------------------------------------------------------
 
 namespace {

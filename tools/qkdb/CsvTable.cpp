@@ -1,8 +1,8 @@
 #include "CsvTable.h"
 
 #include <charconv>
-#include <fstream>
-#include <sstream>
+
+#include "BoundedRead.h"
 
 namespace qkdb {
 
@@ -64,12 +64,11 @@ std::vector<std::vector<std::string>> Parse(const std::string& text, const std::
 }  // namespace
 
 CsvTable::CsvTable(const std::filesystem::path& path) : m_name(path.filename().string()) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) throw DataError("cannot read " + path.string());
-  std::ostringstream text;
-  text << file.rdbuf();
+  std::string text;
+  if (std::string refused = ReadFile(path, kDataFileLimit, path.string(), text); !refused.empty())
+    throw DataError(refused);
   std::vector<std::size_t> lines;
-  auto records = Parse(text.str(), m_name, lines);
+  auto records = Parse(text, m_name, lines);
   if (records.empty()) throw DataError(m_name + ": no header row");
   const auto& header = records.front();
   for (std::size_t i = 0; i < header.size(); ++i) m_columns[header[i]] = i;

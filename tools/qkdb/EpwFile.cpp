@@ -4,10 +4,10 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <fstream>
 #include <sstream>
 #include <vector>
 
+#include "BoundedRead.h"
 #include "CsvTable.h"
 
 namespace qkdb {
@@ -166,11 +166,10 @@ std::pair<long, long> ExpectedRecords(const HeaderLine& line) {
 }  // namespace
 
 EpwFile EpwFile::Read(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) throw DataError("cannot read " + path.string());
-  std::ostringstream text;
-  text << file.rdbuf();
-  return Parse(path.filename().string(), text.str());
+  std::string text;
+  if (std::string refused = ReadFile(path, kEpwFileLimit, path.string(), text); !refused.empty())
+    throw DataError(refused);
+  return Parse(path.filename().string(), text);
 }
 
 EpwFile EpwFile::Parse(const std::string& name, const std::string& contents) {

@@ -14,6 +14,7 @@
 
 #include "AccessFile.h"
 #include "AtomicFile.h"
+#include "BoundedRead.h"
 #include "ChildProcess.h"
 #include "CsvTable.h"
 #include "Output.h"
@@ -39,6 +40,7 @@ std::string NotAccess(const std::string& path) {
   std::error_code ec;
   if (!fs::exists(path, ec)) return "no file " + path;
   if (fs::is_directory(path, ec)) return path + " is a folder, not an Access file";
+  if (std::string refused = RefusedFile(path, kAccessFileLimit, path); !refused.empty()) return refused;
   std::ifstream in(path, std::ios::binary);
   char head[0x15] = {};
   if (!in.read(head, sizeof head) && in.gcount() == 0)

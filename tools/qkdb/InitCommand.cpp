@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "AtomicFile.h"
+#include "BoundedRead.h"
 #include "CatalogueLoader.h"
 #include "CsvTable.h"
 #include "PlaceLoader.h"
@@ -27,11 +28,10 @@ namespace {
 namespace fs = std::filesystem;
 
 std::string ReadText(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) throw DataError("cannot read " + path.string());
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
+  std::string text;
+  if (std::string refused = ReadFile(path, kDataFileLimit, path.string(), text); !refused.empty())
+    throw DataError(refused);
+  return text;
 }
 
 void CreateSchema(const std::string& path, const std::string& schema) {

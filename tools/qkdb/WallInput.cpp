@@ -1,14 +1,12 @@
 #include "WallInput.h"
 
-#include <cerrno>
 #include <cmath>
 #include <cstdio>
-#include <cstring>
 #include <initializer_list>
-#include <memory>
 #include <nlohmann/json.hpp>
 #include <string_view>
 
+#include "BoundedRead.h"
 #include "construction/CQKTimberingData.h"
 #include "construction/tagQKTIMBERINGCHARACTER.h"
 #include "mfc/CString.h"
@@ -22,16 +20,6 @@ using nlohmann::json;
 // text in double quotes, with JSON's escapes for quotes and control characters, so a key, a name or a
 // path with a line break in it cannot break the message over two lines.
 std::string Quoted(std::string_view text) { return json(std::string(text)).dump(); }
-
-std::string ReadAll(std::FILE* from, const std::string& what) {
-  std::string text;
-  char buffer[65536];
-  std::size_t n;
-  while ((n = std::fread(buffer, 1, sizeof buffer, from)) > 0) text.append(buffer, n);
-  // A directory opens fine on Linux and only fails here, with EISDIR.
-  if (std::ferror(from)) throw InputError("cannot read " + what + ": " + std::strerror(errno));
-  return text;
-}
 
 // The message of a JSON library error without its "[json.exception.parse_error.101] " tag, which
 // means nothing to the engineer reading it.
@@ -125,10 +113,12 @@ CQKTimberingData ParseLayer(const json& item, std::size_t number) {
 }  // namespace
 
 std::string ReadInput(const std::string& file) {
-  if (file.empty() || file == "-") return ReadAll(stdin, "standard input");
-  std::unique_ptr<std::FILE, int (*)(std::FILE*)> handle(std::fopen(file.c_str(), "rb"), &std::fclose);
-  if (!handle) throw InputError("cannot read " + Quoted(file) + ": " + std::strerror(errno));
-  return ReadAll(handle.get(), Quoted(file));
+  std::string text;
+  const std::string refused = file.empty() || file == "-"
+                                  ? ReadStream(stdin, kWallInputLimit, "standard input", text)
+                                  : ReadFile(file, kWallInputLimit, Quoted(file), text);
+  if (!refused.empty()) throw InputError(refused);
+  return text;
 }
 
 CQKWallData ParseWall(const std::string& text) {
