@@ -3,10 +3,8 @@
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <sqlite3.h>
-#include <sstream>
 
 #include "AtomicFile.h"
 #include "BoundedRead.h"
