@@ -17,10 +17,15 @@ std::string Slurp(const std::string& path) {
 }
 
 ToolRun Qkdb(const std::string& args, const std::string& env) {
+  return RunShell(env + "\"$QKDB\" " + args + " </dev/null");
+}
+
+ToolRun RunShell(const std::string& line) {
   const std::string base = testing::TempDir() + "qkdb_run_" + std::to_string(getpid());
   const std::string out = base + ".out";
   const std::string err = base + ".err";
-  const std::string command = env + std::string(QKDB_PATH) + " " + args + " </dev/null >'" + out + "' 2>'" + err + "'";
+  const std::string command =
+      "QKDB='" + std::string(QKDB_PATH) + "'; export QKDB; (" + line + ") >'" + out + "' 2>'" + err + "'";
   const int status = std::system(command.c_str());
   ToolRun run;
   run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;

@@ -13,25 +13,13 @@
 #include <sstream>
 #include <string>
 
+#include "QkdbRun.h"
 #include "construction/CQKTimberingData.h"
 #include "construction/CQKWallData.h"
 
 namespace {
 
 using nlohmann::json;
-
-struct ToolRun {
-  int status = -1;
-  std::string out;
-  std::string err;
-};
-
-std::string Slurp(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
 
 // A file of this test's own, so tests running in parallel never share one.
 std::string TempPath(const std::string& suffix) {
@@ -49,24 +37,11 @@ std::string WriteTemp(const std::string& suffix, const std::string& text) {
 }
 
 // Runs "qkdb args" with input on standard input.
-ToolRun Qkdb(const std::string& args, const std::string& input = "") {
-  std::string in = WriteTemp(".in", input);
-  std::string out = TempPath(".out");
-  std::string err = TempPath(".err");
-  std::string command = std::string(QKDB_PATH) + " " + args + " <'" + in + "' >'" + out + "' 2>'" + err + "'";
-  int status = std::system(command.c_str());
-  ToolRun run;
-  run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  run.out = Slurp(out);
-  run.err = Slurp(err);
+ToolRun QkdbWithInput(const std::string& args, const std::string& input = "") {
+  const std::string in = WriteTemp(".in", input);
+  ToolRun run = RunShell("\"$QKDB\" " + args + " <'" + in + "'");
   std::remove(in.c_str());
-  std::remove(out.c_str());
-  std::remove(err.c_str());
   return run;
-}
-
-bool IsOneLine(const std::string& text) {
-  return !text.empty() && text.back() == '\n' && text.find('\n') == text.size() - 1;
 }
 
 const char* kBrick = R"({"layers": [{"name": "brick", "thickness": 0.24, "conductivity": 0.81, "density": 1800,
@@ -86,19 +61,19 @@ json Parsed(const ToolRun& run) { return json::parse(run.out); }
 // --- the command line ----------------------------------------------------------------------------
 
 TEST(QkdbCommandLine, NamesAnUnknownCommand) {
-  ToolRun run = Qkdb("frobnicate");
+  ToolRun run = QkdbWithInput("frobnicate");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err.rfind("qkdb: unknown command \"frobnicate\"\n", 0), 0u) << run.err;
 }
 
 TEST(QkdbCommandLine, NamesAnUnknownOption) {
-  ToolRun run = Qkdb("--frobnicate");
+  ToolRun run = QkdbWithInput("--frobnicate");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err.rfind("qkdb: unknown option \"--frobnicate\"\n", 0), 0u) << run.err;
 }
 
 TEST(QkdbCommandLine, WithoutACommandPrintsTheUsageAndFails) {
-  ToolRun run = Qkdb("");
+  ToolRun run = QkdbWithInput("");
   EXPECT_EQ(run.status, 2);
   EXPECT_TRUE(run.out.empty());
   EXPECT_NE(run.err.find("wall"), std::string::npos) << run.err;
@@ -107,7 +82,7 @@ TEST(QkdbCommandLine, WithoutACommandPrintsTheUsageAndFails) {
 // --- wall: the output ----------------------------------------------------------------------------
 
 TEST(QkdbWall, PrintsEveryResultKey) {
-  ToolRun run = Qkdb("wall", kBrick);
+  ToolRun run = QkdbWithInput("wall", kBrick);
   ASSERT_EQ(run.status, 0) << run.err;
   json out = Parsed(run);
   for (const char* key : {"U", "U_winter", "U_internal", "D", "decrement", "delay_h", "harmonics", "response"})
@@ -117,7 +92,7 @@ TEST(QkdbWall, PrintsEveryResultKey) {
 }
 
 TEST(QkdbWall, PrintsTwelveHarmonicsNumberedFromOne) {
-  json out = Parsed(Qkdb("wall", kBrick));
+  json out = Parsed(QkdbWithInput("wall", kBrick));
   ASSERT_EQ(out["harmonics"].size(), 12u);
   for (int i = 0; i < 12; ++i) {
     const json& h = out["harmonics"][i];
@@ -128,7 +103,7 @@ TEST(QkdbWall, PrintsTwelveHarmonicsNumberedFromOne) {
 }
 
 TEST(QkdbWall, PrintsTwentyFourTermsOfEachResponse) {
-  json out = Parsed(Qkdb("wall", kBrick));
+  json out = Parsed(QkdbWithInput("wall", kBrick));
   for (const char* key : {"inside", "through", "inside_ramp", "inside_step"}) {
     ASSERT_EQ(out["response"][key].size(), 24u) << key;
     for (const json& term : out["response"][key]) EXPECT_TRUE(term.is_number()) << key;
@@ -136,25 +111,25 @@ TEST(QkdbWall, PrintsTwentyFourTermsOfEachResponse) {
 }
 
 TEST(QkdbWall, SummerUOfOneBrickLayerIsOneOverTheResistances) {
-  json out = Parsed(Qkdb("wall", kBrick));
+  json out = Parsed(QkdbWithInput("wall", kBrick));
   double expected = 1.0 / (1.0 / 18.6 + 0.24 / 0.81 + 1.0 / 8.7);
   EXPECT_NEAR(out["U"].get<double>(), expected, 1e-12 * expected);
 }
 
 TEST(QkdbWall, WinterUUsesTheWinterOutsideCoefficient) {
-  json out = Parsed(Qkdb("wall", kBrick));
+  json out = Parsed(QkdbWithInput("wall", kBrick));
   double expected = 1.0 / (1.0 / 23.0 + 0.24 / 0.81 + 1.0 / 8.7);
   EXPECT_NEAR(out["U_winter"].get<double>(), expected, 1e-12 * expected);
 }
 
 TEST(QkdbWall, InternalUHasTheInsideCoefficientOnBothFaces) {
-  json out = Parsed(Qkdb("wall", kBrick));
+  json out = Parsed(QkdbWithInput("wall", kBrick));
   double expected = 1.0 / (2.0 / 8.7 + 0.24 / 0.81);
   EXPECT_NEAR(out["U_internal"].get<double>(), expected, 1e-12 * expected);
 }
 
 TEST(QkdbWall, UsesTheSurfaceCoefficientsGiven) {
-  json out = Parsed(Qkdb("wall", R"({"inside": 7.0, "outside": 25.0, "outside_winter": 30.0, "layers": [
+  json out = Parsed(QkdbWithInput("wall", R"({"inside": 7.0, "outside": 25.0, "outside_winter": 30.0, "layers": [
       {"thickness": 0.24, "conductivity": 0.81, "density": 1800, "specific_heat": 1.05}]})"));
   double summer = 1.0 / (1.0 / 25.0 + 0.24 / 0.81 + 1.0 / 7.0);
   double winter = 1.0 / (1.0 / 30.0 + 0.24 / 0.81 + 1.0 / 7.0);
@@ -163,14 +138,14 @@ TEST(QkdbWall, UsesTheSurfaceCoefficientsGiven) {
 }
 
 TEST(QkdbWall, AppliesTheConductivityCorrection) {
-  json out = Parsed(Qkdb("wall", R"({"layers": [{"thickness": 0.24, "conductivity": 0.81, "density": 1800,
+  json out = Parsed(QkdbWithInput("wall", R"({"layers": [{"thickness": 0.24, "conductivity": 0.81, "density": 1800,
       "specific_heat": 1.05, "conductivity_correction": 1.25}]})"));
   double expected = 1.0 / (1.0 / 18.6 + 0.24 / (0.81 * 1.25) + 1.0 / 8.7);
   EXPECT_NEAR(out["U"].get<double>(), expected, 1e-12 * expected);
 }
 
 TEST(QkdbWall, InertiaIndexIsResistanceTimesStorageCoefficient) {
-  json out = Parsed(Qkdb("wall", kBrick));
+  json out = Parsed(QkdbWithInput("wall", kBrick));
   // S of the 24-hour period, W/(m²·K): 86.4 turns kJ and a day in seconds into W.
   double s = std::sqrt(2.0 * std::numbers::pi * 0.81 * 1.05 * 1800.0 / 86.4);
   double expected = 0.24 / 0.81 * s;
@@ -199,7 +174,7 @@ TEST(QkdbWall, PrintsTheLibrarysDoublesExactly) {
   wall.Cal(1);
   wall.Cal(0);
 
-  json out = Parsed(Qkdb("wall", kInsulated));
+  json out = Parsed(QkdbWithInput("wall", kInsulated));
   EXPECT_EQ(out["U"].get<double>(), wall.CrXs);
   EXPECT_EQ(out["U_winter"].get<double>(), wall.DjCrXs);
   EXPECT_EQ(out["decrement"].get<double>(), wall.CrSj);
@@ -210,19 +185,19 @@ TEST(QkdbWall, PrintsTheLibrarysDoublesExactly) {
 
 TEST(QkdbWall, ReadsTheSameWallFromAFileAsFromStandardInput) {
   std::string file = WriteTemp(".json", kInsulated);
-  ToolRun fromFile = Qkdb("wall '" + file + "'");
-  ToolRun fromStdin = Qkdb("wall", kInsulated);
+  ToolRun fromFile = QkdbWithInput("wall '" + file + "'");
+  ToolRun fromStdin = QkdbWithInput("wall", kInsulated);
   std::remove(file.c_str());
   ASSERT_EQ(fromFile.status, 0) << fromFile.err;
   EXPECT_EQ(fromFile.out, fromStdin.out);
 }
 
 TEST(QkdbWall, ReadsStandardInputForADash) {
-  EXPECT_EQ(Qkdb("wall -", kInsulated).out, Qkdb("wall", kInsulated).out);
+  EXPECT_EQ(QkdbWithInput("wall -", kInsulated).out, QkdbWithInput("wall", kInsulated).out);
 }
 
 TEST(QkdbWall, AcceptsAChineseLayerName) {
-  ToolRun run = Qkdb("wall", R"({"layers": [{"name": "黏土实心砖", "thickness": 0.24, "conductivity": 0.81,
+  ToolRun run = QkdbWithInput("wall", R"({"layers": [{"name": "黏土实心砖", "thickness": 0.24, "conductivity": 0.81,
       "density": 1800, "specific_heat": 1.05}]})");
   EXPECT_EQ(run.status, 0) << run.err;
 }
@@ -230,7 +205,7 @@ TEST(QkdbWall, AcceptsAChineseLayerName) {
 // --- wall: input it refuses ----------------------------------------------------------------------
 
 TEST(QkdbWall, RefusesMalformedJson) {
-  ToolRun run = Qkdb("wall", R"({"layers": [)");
+  ToolRun run = QkdbWithInput("wall", R"({"layers": [)");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err.rfind("qkdb wall: the input is not valid JSON: ", 0), 0u) << run.err;
   EXPECT_TRUE(IsOneLine(run.err)) << run.err;
@@ -238,19 +213,19 @@ TEST(QkdbWall, RefusesMalformedJson) {
 }
 
 TEST(QkdbWall, RefusesEmptyInput) {
-  ToolRun run = Qkdb("wall", "");
+  ToolRun run = QkdbWithInput("wall", "");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err.rfind("qkdb wall: the input is not valid JSON: ", 0), 0u) << run.err;
 }
 
 TEST(QkdbWall, RefusesInputThatIsNotAnObject) {
-  ToolRun run = Qkdb("wall", "[1, 2]");
+  ToolRun run = QkdbWithInput("wall", "[1, 2]");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: the input is not a JSON object\n");
 }
 
 TEST(QkdbWall, NamesAMissingRequiredFieldAndItsLayer) {
-  ToolRun run = Qkdb("wall", R"({"layers": [
+  ToolRun run = QkdbWithInput("wall", R"({"layers": [
       {"thickness": 0.24, "conductivity": 0.81, "density": 1800, "specific_heat": 1.05},
       {"thickness": 0.02, "density": 1600, "specific_heat": 1.05}]})");
   EXPECT_EQ(run.status, 2);
@@ -258,35 +233,35 @@ TEST(QkdbWall, NamesAMissingRequiredFieldAndItsLayer) {
 }
 
 TEST(QkdbWall, NamesTheLayerByItsNameWhenItHasOne) {
-  ToolRun run = Qkdb("wall", R"({"layers": [{"name": "石灰砂浆", "thickness": 0.02, "conductivity": 0.81,
+  ToolRun run = QkdbWithInput("wall", R"({"layers": [{"name": "石灰砂浆", "thickness": 0.02, "conductivity": 0.81,
       "specific_heat": 1.05}]})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: layer 1 \"石灰砂浆\": \"density\" is missing\n");
 }
 
 TEST(QkdbWall, KeepsTheMessageOnOneLineForANameWithALineBreak) {
-  ToolRun run = Qkdb("wall", R"({"layers": [{"name": "lime\nplaster", "thickness": 0.02}]})");
+  ToolRun run = QkdbWithInput("wall", R"({"layers": [{"name": "lime\nplaster", "thickness": 0.02}]})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: layer 1 \"lime\\nplaster\": \"conductivity\" is missing\n");
 }
 
 TEST(QkdbWall, ReadsAFileThatBeginsWithAByteOrderMark) {
   std::string file = WriteTemp(".json", std::string("\xEF\xBB\xBF") + kBrick);
-  ToolRun withMark = Qkdb("wall '" + file + "'");
+  ToolRun withMark = QkdbWithInput("wall '" + file + "'");
   std::remove(file.c_str());
   EXPECT_EQ(withMark.status, 0) << withMark.err;
-  EXPECT_EQ(withMark.out, Qkdb("wall", kBrick).out);
+  EXPECT_EQ(withMark.out, QkdbWithInput("wall", kBrick).out);
 }
 
 TEST(QkdbWall, RefusesANonNumberWhereANumberIsRequired) {
-  ToolRun run = Qkdb("wall", R"({"layers": [{"thickness": "0.24", "conductivity": 0.81, "density": 1800,
+  ToolRun run = QkdbWithInput("wall", R"({"layers": [{"thickness": "0.24", "conductivity": 0.81, "density": 1800,
       "specific_heat": 1.05}]})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: layer 1: \"thickness\" is not a number (got \"0.24\")\n");
 }
 
 TEST(QkdbWall, RefusesANonNumberCoefficient) {
-  ToolRun run = Qkdb("wall", R"({"outside": null, "layers": [{"thickness": 0.24, "conductivity": 0.81,
+  ToolRun run = QkdbWithInput("wall", R"({"outside": null, "layers": [{"thickness": 0.24, "conductivity": 0.81,
       "density": 1800, "specific_heat": 1.05}]})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: \"outside\" is not a number (got null)\n");
@@ -298,7 +273,7 @@ TEST_P(QkdbWallCoefficient, RefusesAZeroCoefficient) {
   std::string input = std::string("{\"") + GetParam() +
                       R"(": 0, "layers": [{"thickness": 0.24, "conductivity": 0.81, "density": 1800,
                       "specific_heat": 1.05}]})";
-  ToolRun run = Qkdb("wall", input);
+  ToolRun run = QkdbWithInput("wall", input);
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, std::string("qkdb wall: \"") + GetParam() + "\" must be positive (got 0)\n");
 }
@@ -307,7 +282,7 @@ TEST_P(QkdbWallCoefficient, RefusesANegativeCoefficient) {
   std::string input = std::string("{\"") + GetParam() +
                       R"(": -8.7, "layers": [{"thickness": 0.24, "conductivity": 0.81, "density": 1800,
                       "specific_heat": 1.05}]})";
-  ToolRun run = Qkdb("wall", input);
+  ToolRun run = QkdbWithInput("wall", input);
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, std::string("qkdb wall: \"") + GetParam() + "\" must be positive (got -8.7)\n");
 }
@@ -315,46 +290,46 @@ TEST_P(QkdbWallCoefficient, RefusesANegativeCoefficient) {
 INSTANTIATE_TEST_SUITE_P(EachSurface, QkdbWallCoefficient, testing::Values("inside", "outside", "outside_winter"));
 
 TEST(QkdbWall, RefusesAZeroConductivity) {
-  ToolRun run = Qkdb("wall", R"({"layers": [{"thickness": 0.24, "conductivity": 0, "density": 1800,
+  ToolRun run = QkdbWithInput("wall", R"({"layers": [{"thickness": 0.24, "conductivity": 0, "density": 1800,
       "specific_heat": 1.05}]})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: layer 1: \"conductivity\" must be positive (got 0)\n");
 }
 
 TEST(QkdbWall, RefusesANegativeThickness) {
-  ToolRun run = Qkdb("wall", R"({"layers": [{"thickness": -0.24, "conductivity": 0.81, "density": 1800,
+  ToolRun run = QkdbWithInput("wall", R"({"layers": [{"thickness": -0.24, "conductivity": 0.81, "density": 1800,
       "specific_heat": 1.05}]})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: layer 1: \"thickness\" must not be negative (got -0.24)\n");
 }
 
 TEST(QkdbWall, RefusesAnEmptyLayerArray) {
-  ToolRun run = Qkdb("wall", R"({"inside": 8.7, "layers": []})");
+  ToolRun run = QkdbWithInput("wall", R"({"inside": 8.7, "layers": []})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: \"layers\" is empty: a wall needs at least one layer\n");
 }
 
 TEST(QkdbWall, RefusesAWallWithoutLayers) {
-  ToolRun run = Qkdb("wall", R"({"inside": 8.7})");
+  ToolRun run = QkdbWithInput("wall", R"({"inside": 8.7})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: \"layers\" is missing\n");
 }
 
 TEST(QkdbWall, RefusesLayersThatAreNotAnArray) {
-  ToolRun run = Qkdb("wall", R"({"layers": {"thickness": 0.24}})");
+  ToolRun run = QkdbWithInput("wall", R"({"layers": {"thickness": 0.24}})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: \"layers\" is not an array\n");
 }
 
 TEST(QkdbWall, RefusesALayerThatIsNotAnObject) {
-  ToolRun run = Qkdb("wall", R"({"layers": [0.24]})");
+  ToolRun run = QkdbWithInput("wall", R"({"layers": [0.24]})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: layer 1: not a JSON object\n");
 }
 
 // A misspelt optional key would otherwise fall back to its default without a word.
 TEST(QkdbWall, RefusesAnUnknownKey) {
-  ToolRun run = Qkdb("wall", R"({"layers": [{"thickness": 0.24, "conductivity": 0.81, "density": 1800,
+  ToolRun run = QkdbWithInput("wall", R"({"layers": [{"thickness": 0.24, "conductivity": 0.81, "density": 1800,
       "specific_heat": 1.05, "density_corection": 0.9}]})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: layer 1: unknown key \"density_corection\"\n");
@@ -362,79 +337,56 @@ TEST(QkdbWall, RefusesAnUnknownKey) {
 
 TEST(QkdbWall, RefusesAMissingFile) {
   std::string missing = TempPath(".does-not-exist");
-  ToolRun run = Qkdb("wall '" + missing + "'");
+  ToolRun run = QkdbWithInput("wall '" + missing + "'");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: cannot read \"" + missing + "\": No such file or directory\n");
 }
 
 TEST(QkdbWall, RefusesADirectoryAsFile) {
-  ToolRun run = Qkdb("wall /");
+  ToolRun run = QkdbWithInput("wall /");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: cannot read \"/\": Is a directory\n");
 }
 
 // --- bounded input ------------------------------------------------------------------------------
 
-namespace {
-
-// Runs a shell command line around qkdb (written $QKDB), under a 10 s timeout: a tool that kept
-// reading would be killed and show status 124.
-ToolRun Shell(const std::string& line) {
-  std::string out = TempPath(".out");
-  std::string err = TempPath(".err");
-  // line runs in its own shell, which finds the tool in $QKDB: line must hold no single quote.
-  const std::string command = "QKDB='" + std::string(QKDB_PATH) + "' timeout 10 sh -c '" + line + " >\"" + out +
-                              "\" 2>\"" + err + "\"'";
-  int status = std::system(command.c_str());
-  ToolRun run;
-  run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  run.out = Slurp(out);
-  run.err = Slurp(err);
-  std::remove(out.c_str());
-  std::remove(err.c_str());
-  return run;
-}
-
-const std::string kBrickWall = R"({"layers": [{"thickness": 0.24, "conductivity": 0.81, "density": 1800, "specific_heat": 1.05}]})";
-
-}  // namespace
-
+// The stream tests run under a 10 s timeout: a tool that kept reading would be killed (status 124).
 TEST(QkdbWall, RefusesADeviceGivenAsFileBeforeReadingIt) {
-  ToolRun run = Qkdb("wall /dev/zero");
+  ToolRun run = QkdbWithInput("wall /dev/zero");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: \"/dev/zero\" is not a regular file\n");
 }
 
 TEST(QkdbWall, RefusesADeviceAsStandardInput) {
-  ToolRun run = Shell("$QKDB wall < /dev/zero");
+  ToolRun run = RunShell("timeout 10 \"$QKDB\" wall < /dev/zero");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: standard input is a device, not a file\n");
 }
 
 TEST(QkdbWall, RefusesAnEndlessPipeOnceItPassesTheLimit) {
-  ToolRun run = Shell("yes | $QKDB wall");
+  ToolRun run = RunShell("yes | timeout 10 \"$QKDB\" wall");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: standard input holds more than 64 KiB\n");
 }
 
 TEST(QkdbWall, RefusesAFileLargerThanAWallCanBe) {
-  const std::string big = WriteTemp(".json", kBrickWall + std::string(64 * 1024, ' '));
-  ToolRun run = Qkdb("wall '" + big + "'");
+  const std::string big = WriteTemp(".json", std::string(kBrick) + std::string(64 * 1024, ' '));
+  ToolRun run = QkdbWithInput("wall '" + big + "'");
   std::remove(big.c_str());
   EXPECT_EQ(run.status, 2);
-  EXPECT_NE(run.err.find("is larger than 64 KiB (" + std::to_string(kBrickWall.size() + 64 * 1024) + " bytes)"),
+  EXPECT_NE(run.err.find("is larger than 64 KiB (" + std::to_string(std::string(kBrick).size() + 64 * 1024) + " bytes)"),
             std::string::npos)
       << run.err;
   EXPECT_TRUE(IsOneLine(run.err)) << run.err;
 }
 
 TEST(QkdbWall, TakesAWallOfExactlyTheLimit) {
-  const std::string text = kBrickWall + std::string(64 * 1024 - kBrickWall.size(), ' ');
+  const std::string text = std::string(kBrick) + std::string(64 * 1024 - std::string(kBrick).size(), ' ');
   const std::string file = WriteTemp(".json", text);
-  ToolRun fromFile = Qkdb("wall '" + file + "'");
+  ToolRun fromFile = QkdbWithInput("wall '" + file + "'");
   std::remove(file.c_str());
   EXPECT_EQ(fromFile.status, 0) << fromFile.err;
-  ToolRun fromInput = Qkdb("wall", text);
+  ToolRun fromInput = QkdbWithInput("wall", text);
   EXPECT_EQ(fromInput.status, 0) << fromInput.err;
 }
 
@@ -450,20 +402,20 @@ double InsulatedU(double eps, double outside) {
 }  // namespace
 
 TEST(QkdbThickness, ChangesTheLayerOfLowestConductivity) {
-  ToolRun run = Qkdb("thickness --target-u 0.4", kInsulated);
+  ToolRun run = QkdbWithInput("thickness --target-u 0.4", kInsulated);
   ASSERT_EQ(run.status, 0) << run.err;
   EXPECT_EQ(Parsed(run)["layer"], 1);
 }
 
 TEST(QkdbThickness, GivesAThicknessThatReachesTheTargetInSummer) {
-  json out = Parsed(Qkdb("thickness --target-u 0.4", kInsulated));
+  json out = Parsed(QkdbWithInput("thickness --target-u 0.4", kInsulated));
   double thickness = out["thickness"].get<double>();
   EXPECT_GT(thickness, 0.05);
   EXPECT_NEAR(InsulatedU(thickness, 18.6), 0.4, 0.4 * 1e-12);
 }
 
 TEST(QkdbThickness, UsesTheWinterOutsideCoefficientWhenAsked) {
-  json out = Parsed(Qkdb("thickness --target-u 0.4 --winter", kInsulated));
+  json out = Parsed(QkdbWithInput("thickness --target-u 0.4 --winter", kInsulated));
   double thickness = out["thickness"].get<double>();
   EXPECT_NEAR(InsulatedU(thickness, 23.0), 0.4, 0.4 * 1e-12);
   EXPECT_GT(std::abs(InsulatedU(thickness, 18.6) - 0.4), 1e-6);
@@ -471,38 +423,38 @@ TEST(QkdbThickness, UsesTheWinterOutsideCoefficientWhenAsked) {
 
 TEST(QkdbThickness, ReadsTheWallFromAFile) {
   std::string file = WriteTemp(".json", kInsulated);
-  ToolRun fromFile = Qkdb("thickness --target-u 0.4 '" + file + "'");
+  ToolRun fromFile = QkdbWithInput("thickness --target-u 0.4 '" + file + "'");
   std::remove(file.c_str());
-  EXPECT_EQ(fromFile.out, Qkdb("thickness --target-u 0.4", kInsulated).out);
+  EXPECT_EQ(fromFile.out, QkdbWithInput("thickness --target-u 0.4", kInsulated).out);
 }
 
 TEST(QkdbThickness, RefusesAZeroTarget) {
-  ToolRun run = Qkdb("thickness --target-u 0", kInsulated);
+  ToolRun run = QkdbWithInput("thickness --target-u 0", kInsulated);
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb thickness: --target-u must be a positive U in W/(m²·K) (got 0)\n");
 }
 
 TEST(QkdbThickness, RefusesANegativeTarget) {
-  ToolRun run = Qkdb("thickness --target-u -0.5", kInsulated);
+  ToolRun run = QkdbWithInput("thickness --target-u -0.5", kInsulated);
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb thickness: --target-u must be a positive U in W/(m²·K) (got -0.5)\n");
 }
 
 TEST(QkdbThickness, RefusesAWallWithoutLayers) {
-  ToolRun run = Qkdb("thickness --target-u 0.4", R"({"layers": []})");
+  ToolRun run = QkdbWithInput("thickness --target-u 0.4", R"({"layers": []})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb thickness: \"layers\" is empty: a wall needs at least one layer\n");
 }
 
 TEST(QkdbThickness, NeedsATarget) {
-  ToolRun run = Qkdb("thickness", kInsulated);
+  ToolRun run = QkdbWithInput("thickness", kInsulated);
   EXPECT_EQ(run.status, 2);
   EXPECT_NE(run.err.find("--target-u"), std::string::npos) << run.err;
 }
 
 // 10 W/(m²·K) is more than the two surface coefficients alone let through (about 5.9).
 TEST(QkdbThickness, FailsWithTheNegativeAnswerForAnUnreachableTarget) {
-  ToolRun run = Qkdb("thickness --target-u 10", kInsulated);
+  ToolRun run = QkdbWithInput("thickness --target-u 10", kInsulated);
   EXPECT_EQ(run.status, 1);
   EXPECT_LT(Parsed(run)["thickness"].get<double>(), 0.0);
   EXPECT_TRUE(IsOneLine(run.err)) << run.err;

@@ -63,12 +63,15 @@ std::vector<std::vector<std::string>> Parse(const std::string& text, const std::
 
 }  // namespace
 
-CsvTable::CsvTable(const std::filesystem::path& path) : m_name(path.filename().string()) {
+std::string ReadWhole(const std::filesystem::path& path, std::uintmax_t limit) {
   std::string text;
-  if (std::string refused = ReadFile(path, kDataFileLimit, path.string(), text); !refused.empty())
-    throw DataError(refused);
+  if (std::string refused = ReadFile(path, limit, path.string(), text); !refused.empty()) throw DataError(refused);
+  return text;
+}
+
+CsvTable::CsvTable(const std::filesystem::path& path) : m_name(path.filename().string()) {
   std::vector<std::size_t> lines;
-  auto records = Parse(text, m_name, lines);
+  auto records = Parse(ReadWhole(path, kDataFileLimit), m_name, lines);
   if (records.empty()) throw DataError(m_name + ": no header row");
   const auto& header = records.front();
   for (std::size_t i = 0; i < header.size(); ++i) m_columns[header[i]] = i;

@@ -4,6 +4,7 @@
 // quoted fields may hold commas and line breaks), lines ending in LF or CRLF. Small enough to hand-write:
 // the data files are a few hundred rows, and the rules above are all they use.
 
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <stdexcept>
@@ -17,6 +18,10 @@ class DataError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
+
+// The whole of path, read within limit bytes (BoundedRead.h); throws DataError with the reason when
+// it is missing, not a regular file or too large.
+std::string ReadWhole(const std::filesystem::path& path, std::uintmax_t limit);
 
 class CsvTable {
  public:

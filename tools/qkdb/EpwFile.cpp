@@ -166,10 +166,7 @@ std::pair<long, long> ExpectedRecords(const HeaderLine& line) {
 }  // namespace
 
 EpwFile EpwFile::Read(const std::filesystem::path& path) {
-  std::string text;
-  if (std::string refused = ReadFile(path, kEpwFileLimit, path.string(), text); !refused.empty())
-    throw DataError(refused);
-  return Parse(path.filename().string(), text);
+  return Parse(path.filename().string(), ReadWhole(path, kEpwFileLimit));
 }
 
 EpwFile EpwFile::Parse(const std::string& name, const std::string& contents) {

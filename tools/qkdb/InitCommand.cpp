@@ -25,13 +25,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string ReadText(const fs::path& path) {
-  std::string text;
-  if (std::string refused = ReadFile(path, kDataFileLimit, path.string(), text); !refused.empty())
-    throw DataError(refused);
-  return text;
-}
-
 void CreateSchema(const std::string& path, const std::string& schema) {
   sqlite3* db = nullptr;
   int rc = sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
@@ -91,7 +84,7 @@ int InitCommand::Run() const {
     // finishes, so its writes need not reach the disk one by one (WriteWithoutWaiting); Commit makes
     // them durable once, before the rename.
     AtomicFile building(target, "building");
-    CreateSchema(building.Path(), ReadText(data / "schema.sql"));
+    CreateSchema(building.Path(), ReadWhole(data / "schema.sql", kDataFileLimit));
     BindRecordClasses(building.Path());
     WriteWithoutWaiting();
     CADODatabase db;
