@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "CsvTable.h"
-#include "SqliteFile.h"
+#include "import/WriteTransaction.h"
 #include "geography/CQKCity.h"
 #include "geography/CQKCountry.h"
 #include "geography/CQKProvince.h"
@@ -59,27 +59,28 @@ void CheckName(const std::string& name, const char* what) {
 }
 
 template <typename Record>
-const char* Add(Record& record, const std::string& what) {
-  const QKLoad::DBStatusCode status = record.AddIfNotExist(nullptr, 1);
+const char* Add(Record& record, CADODatabase* db, const std::string& what) {
+  const QKLoad::DBStatusCode status = record.AddIfNotExist(db, 1);
   if (status == QKLoad::DBS_ERROR) throw DataError("cannot write the " + what);
   return status == QKLoad::DBS_ADDED ? "added" : "found";
 }
 
-EpwPlace AddByNames(const std::string& cityName, const std::string& provinceName, const std::string& countryName) {
+EpwPlace AddByNames(CADODatabase* db, const std::string& cityName, const std::string& provinceName,
+                    const std::string& countryName) {
   CheckName(countryName, "country");
   CheckName(provinceName, "province");
   CheckName(cityName, "city");
   CQKCountry country;
   country.Name = CString::FromUtf8(countryName);
-  const char* countryHow = Add(country, "country " + countryName);
+  const char* countryHow = Add(country, db, "country " + countryName);
   CQKProvince province;
   province.CId = country.GetID();
   province.Name = CString::FromUtf8(provinceName);
-  const char* provinceHow = Add(province, "province " + provinceName);
+  const char* provinceHow = Add(province, db, "province " + provinceName);
   CQKCity city;
   city.PId = province.GetID();
   city.Name = CString::FromUtf8(cityName);
-  const char* cityHow = Add(city, "city " + cityName);
+  const char* cityHow = Add(city, db, "city " + cityName);
   std::ostringstream how;
   how << "by its names: city " << cityHow << ", province " << provinceHow << ", country " << countryHow;
   return EpwPlace{city.GetID(), cityName, provinceName, countryName, how.str()};
@@ -87,29 +88,34 @@ EpwPlace AddByNames(const std::string& cityName, const std::string& provinceName
 
 }  // namespace
 
-EpwPlace FindOrAddPlace(const std::string& path, const std::string& fileName, const EpwLocation& location,
+EpwPlace FindOrAddPlace(WriteTransaction& tx, const std::string& fileName, const EpwLocation& location,
                         const PlaceNames& names) {
   if (names.city.empty()) {
-    SqliteFile lookup(path, true);
     const std::string what = "look the station up";
-    const bool sources = lookup.HasTable("WeatherFileSource");
+    const bool sources = tx.HasTable("WeatherFileSource");
     const std::string ownFile = sources ? " AND NOT " + kBorrowedFile : "";
     const std::string noOwnFile = sources ? " OR " + kBorrowedFile : "";
-    auto rows = lookup.Rows(kPlace + kOfWeather + "WHERE w.EpwName = ?1" + ownFile + " ORDER BY w.ID", {fileName}, what);
+    auto rows = tx.Rows(kPlace + kOfWeather + "WHERE w.EpwName = " + WriteTransaction::Literal(fileName) + ownFile +
+                            " ORDER BY w.ID",
+                        what);
     if (!rows.empty()) return Found(rows.front(), "by its weather file's name");
 
     if (!location.wmo.empty())
       for (const auto& row :
-           lookup.Rows(kPlace + ", w.EpwName" + kOfWeather + "WHERE w.EpwName <> ''" + ownFile + " ORDER BY w.ID", {}, what))
+           tx.Rows(kPlace + ", w.EpwName" + kOfWeather + "WHERE w.EpwName <> ''" + ownFile + " ORDER BY w.ID", what))
         if (NamesStation(row[4], location.wmo))
           return Found(row, "by its WMO station " + location.wmo + " (weather file " + row[4] + ")");
 
     // Positions are stored in radians.
     const double toRadians = std::numbers::pi / 180.0;
-    rows = lookup.Rows(kPlace + ", w.JD, w.WD" + kOfWeather +
-                        "WHERE (w.EpwName IS NULL OR w.EpwName = ''" + noOwnFile + ") AND abs(w.WD - ?1) <= ?3 AND abs(w.JD - ?2) <= ?3 "
-                        "ORDER BY (w.WD - ?1) * (w.WD - ?1) + (w.JD - ?2) * (w.JD - ?2), w.ID",
-                       {location.latitude * toRadians, location.longitude * toRadians, kSameStation * toRadians}, what);
+    const std::string wd = WriteTransaction::Literal(location.latitude * toRadians);
+    const std::string jd = WriteTransaction::Literal(location.longitude * toRadians);
+    const std::string near = WriteTransaction::Literal(kSameStation * toRadians);
+    rows = tx.Rows(kPlace + ", w.JD, w.WD" + kOfWeather + "WHERE (w.EpwName IS NULL OR w.EpwName = ''" + noOwnFile +
+                       ") AND abs(w.WD - " + wd + ") <= " + near + " AND abs(w.JD - " + jd + ") <= " + near +
+                       " ORDER BY (w.WD - " + wd + ") * (w.WD - " + wd + ") + (w.JD - " + jd + ") * (w.JD - " + jd +
+                       "), w.ID",
+                   what);
     if (!rows.empty()) {
       std::ostringstream how;
       how.precision(4);
@@ -118,7 +124,7 @@ EpwPlace FindOrAddPlace(const std::string& path, const std::string& fileName, co
       return Found(rows.front(), how.str());
     }
   }
-  return AddByNames(names.city.empty() ? location.city : names.city,
+  return AddByNames(tx.Database(), names.city.empty() ? location.city : names.city,
                     names.province.empty() ? location.region : names.province,
                     names.country.empty() ? location.country : names.country);
 }

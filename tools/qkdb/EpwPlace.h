@@ -29,9 +29,11 @@ struct PlaceNames {
   std::string city, province, country;  // empty: the EPW file's own
 };
 
-// Finds or adds the place in the database at path (already bound to the record classes). Throws
-// DataError when a record cannot be read or written.
-EpwPlace FindOrAddPlace(const std::string& path, const std::string& fileName, const EpwLocation& location,
+class WriteTransaction;
+
+// Finds or adds the place within the transaction tx (the record classes bound to its database's
+// tables). Throws DataError when a record cannot be read or written.
+EpwPlace FindOrAddPlace(WriteTransaction& tx, const std::string& fileName, const EpwLocation& location,
                         const PlaceNames& names);
 
 }  // namespace qkdb

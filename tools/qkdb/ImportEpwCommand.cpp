@@ -7,15 +7,13 @@
 #include <filesystem>
 #include <iostream>
 #include <numbers>
-#include <sqlite3.h>
 #include <vector>
 
-#include "AtomicFile.h"
 #include "CsvTable.h"
 #include "EpwFile.h"
 #include "EpwPlace.h"
 #include "ReferenceDatabase.h"
-#include "SqliteFile.h"
+#include "import/WriteTransaction.h"
 #include "mfc/CString.h"
 #include "weather/CQKWeather.h"
 
@@ -80,66 +78,61 @@ std::vector<std::string> ImportedColumns(const EpwFile& epw) {
   return columns;
 }
 
-// Copies the database at from into the empty file at to, page by page, under a read lock, so the copy
-// is consistent even while other programs read. The copy keeps a rollback journal whatever the
-// original uses, so no write-ahead log is left beside it when it is renamed.
-void CopyDatabase(const std::string& from, const std::string& to) {
-  SqliteFile source(from, true);
-  SqliteFile copy(to);
-  sqlite3_backup* backup = sqlite3_backup_init(copy.Handle(), "main", source.Handle(), "main");
-  if (!backup) copy.Fail("copy " + from);
-  const int rc = sqlite3_backup_step(backup, -1);
-  sqlite3_backup_finish(backup);
-  if (rc != SQLITE_DONE) copy.Fail("copy " + from + " (is it locked by another program?)");
-  copy.Execute("PRAGMA journal_mode = DELETE", "set the copy's journal");
-}
-
-// The record writes every item of the weather value; the columns the EPW file does not give are then
-// put back as the original database held them, bit for bit, null included (a row the import added
-// has no original: its other columns become null, "not given"). Reading the row into the record and
-// writing it back instead would turn null into Beijing's default and pass percentages through a
-// fraction and back.
-void KeepOtherColumns(const std::string& copyPath, const std::string& original, long id,
-                      const std::vector<std::string>& imported) {
-  SqliteFile db(copyPath);
-  std::vector<std::string> others;
-  for (const auto& row : db.Rows("SELECT name FROM pragma_table_info('Weather')", {}, "read the weather columns"))
-    if (row[0] != "ID" && row[0] != "CId" && std::find(imported.begin(), imported.end(), row[0]) == imported.end())
-      others.push_back(row[0]);
-  if (others.empty()) return;
-  db.Rows("ATTACH DATABASE ?1 AS original", {original}, "read " + original);
-  std::string sql = "UPDATE main.Weather SET ";
-  for (std::size_t i = 0; i < others.size(); ++i)
-    sql += (i ? ", \"" : "\"") + others[i] + "\" = (SELECT \"" + others[i] + "\" FROM original.Weather WHERE ID = " +
-           std::to_string(id) + ")";
-  db.Execute(sql + " WHERE ID = " + std::to_string(id), "keep the weather items the file does not give");
+// The columns of the weather row id that this import does not write, with their values as the
+// database holds them, null included: read before the record writes every item of the weather value,
+// and put back after it, bit for bit. Reading the row into the record and writing it back instead
+// would turn null into Beijing's default and pass percentages through a fraction and back. For a row
+// the import adds there is nothing to keep (asNull): its other columns become null, "not given".
+tablekit::ColumnValues OtherColumns(WriteTransaction& tx, long id, const std::vector<std::string>& imported,
+                                    bool asNull) {
+  const tablekit::ResultSet row =
+      tx.Values("SELECT * FROM Weather WHERE ID = " + std::to_string(id), "read the weather row");
+  tablekit::ColumnValues others;
+  if (row.rows.size() != 1) return others;
+  for (std::size_t c = 0; c < row.columns.size(); ++c) {
+    const std::string name = row.columns[c].ToUtf8();
+    const auto same = [&](const std::string& item) { return CString::FromUtf8(item).CompareNoCase(row.columns[c]) == 0; };
+    if (!same("ID") && !same("CId") && std::none_of(imported.begin(), imported.end(), same))
+      others.emplace_back(name, asNull ? tablekit::FieldValue{} : row.rows[0][c]);
+  }
+  return others;
 }
 
 // The imported file is the city's own from now on: WeatherFileSource says so, with the file's station
 // and source, and a distance of 0 (the import moves the city's position onto the station's). A
 // database without that table is left without it.
-void RecordOwnFile(const std::string& copyPath, long cityId, const std::string& fileName, const EpwLocation& l) {
-  SqliteFile db(copyPath);
-  if (!db.HasTable("WeatherFileSource")) return;
+void RecordOwnFile(WriteTransaction& tx, long cityId, const std::string& fileName, const EpwLocation& l) {
+  if (!tx.HasTable("WeatherFileSource")) return;
   const std::string what = "record where the imported weather file comes from";
-  db.Rows("DELETE FROM WeatherFileSource WHERE CId = ?1", {static_cast<double>(cityId)}, what);
-  db.Rows("INSERT INTO WeatherFileSource (CId, EpwName, WmoId, Station, Source, DistanceKm, Own) "
-          "VALUES (?1, ?2, ?3, ?4, ?5, 0, 1)",
-          {static_cast<double>(cityId), fileName, l.wmo, l.city, l.source}, what);
+  const std::string city = std::to_string(cityId);
+  tx.Execute("DELETE FROM WeatherFileSource WHERE CId = " + city, what);
+  tx.Execute("INSERT INTO WeatherFileSource (CId, EpwName, WmoId, Station, Source, DistanceKm, Own) VALUES (" + city +
+                 ", " + WriteTransaction::Literal(fileName) + ", " + WriteTransaction::Literal(l.wmo) + ", " +
+                 WriteTransaction::Literal(l.city) + ", " + WriteTransaction::Literal(l.source) + ", 0, 1)",
+             what);
 }
 
-// Adds the city's weather row, or overwrites the one it has. Returns the row's key.
-long WriteWeather(CQKWeather& w, bool& added) {
-  switch (w.IsExist(nullptr)) {
+// Adds the city's weather row, or overwrites the one it has, keeping the columns the file does not give.
+// Returns the row's key.
+long WriteWeather(WriteTransaction& tx, CQKWeather& w, const std::vector<std::string>& imported, bool& added) {
+  CADODatabase* db = tx.Database();
+  switch (w.IsExist(db)) {
     case QKLoad::DBS_NOTEXIST:
       added = true;
-      if (w.AddIfNotExist(nullptr, 0) != QKLoad::DBS_ADDED) throw DataError("cannot add the weather row");
+      if (w.AddIfNotExist(db, 0) != QKLoad::DBS_ADDED) throw DataError("cannot add the weather row");
+      FaultPoint("weather-written");
+      tx.UpdateRow("Weather", w.GetID(), OtherColumns(tx, w.GetID(), imported, true),
+                   "leave the weather items the file does not give as not given");
       return w.GetID();
-    case QKLoad::DBS_EXIST:
+    case QKLoad::DBS_EXIST: {
       added = false;
       if (w.GetID() <= 0) throw DataError("the city has several weather rows; the import cannot tell which to update");
-      if (!w.UpdateData(w.GetID())) throw DataError("cannot update the weather row");
+      const tablekit::ColumnValues kept = OtherColumns(tx, w.GetID(), imported, false);
+      if (!w.UpdateData(w.GetID(), db)) throw DataError("cannot update the weather row");
+      FaultPoint("weather-written");
+      tx.UpdateRow("Weather", w.GetID(), kept, "keep the weather items the file does not give");
       return w.GetID();
+    }
     default:
       throw DataError("cannot read the weather table");
   }
@@ -185,6 +178,9 @@ ImportEpwCommand::ImportEpwCommand(CLI::App& parent) {
       ->needs("--city");
   m_app->add_option("--country", m_country, "With --city: the province's country (default: the file's country)")
       ->needs("--city");
+  m_app->add_option("--wait", m_wait, "Seconds to wait while another program is changing the database")
+      ->check(CLI::Range(0.0, 3600.0))
+      ->default_val(30);
 }
 
 bool ImportEpwCommand::Chosen() const { return m_app->parsed(); }
@@ -198,25 +194,16 @@ int ImportEpwCommand::Run() const {
     return 2;
   }
   const std::string path = ChooseDatabase(m_db);
-  if (path.find("://") != std::string::npos) {
-    std::fputs("qkdb: import-epw changes an SQLite file; give --db a file path\n", stderr);
-    return 2;
-  }
-  std::error_code ec;
-  if (!fs::is_regular_file(path, ec)) {
-    std::cerr << "qkdb: no reference database at " << path << " (build it with \"qkdb init\", or choose one with --db)\n";
-    return 1;
-  }
-
   try {
-    AtomicFile copy(path, "importing");
-    CopyDatabase(path, copy.Path());
-    const std::string problem = OpenForReading(copy.Path());  // binds the record classes to the copy
-    if (!problem.empty()) throw DataError(path + " cannot take the station: " + problem);
-    WriteWithoutWaiting();
+    // Checks that the database holds the reference tables and binds the record classes to them.
+    const std::string problem = OpenForReading(path);
+    if (!problem.empty()) throw DataError(problem);
 
+    WriteTransaction tx(path, m_wait);
+    FaultPoint("begun");
     const std::string fileName = fs::path(m_file).filename().string();
-    const EpwPlace place = FindOrAddPlace(copy.Path(), fileName, epw.location, {m_city, m_province, m_country});
+    const EpwPlace place = FindOrAddPlace(tx, fileName, epw.location, {m_city, m_province, m_country});
+    FaultPoint("place-written");
     CQKWeather weather;
     weather.CId = place.cityId;
     weather.EpwName = CString::FromUtf8(fileName);
@@ -226,12 +213,11 @@ int ImportEpwCommand::Run() const {
     weather.Elevation = epw.location.elevation;
     FillDesignDays(epw, weather);
     bool added = false;
-    const long id = WriteWeather(weather, added);
-    KeepOtherColumns(copy.Path(), fs::absolute(path).string(), id, ImportedColumns(epw));
-    RecordOwnFile(copy.Path(), place.cityId, fileName, epw.location);
-    if (fs::exists(path + "-wal", ec))
-      throw DataError(path + " is open in another program (its write-ahead log is beside it); nothing imported");
-    copy.Commit();
+    const long id = WriteWeather(tx, weather, ImportedColumns(epw), added);
+    FaultPoint("weather-kept");
+    RecordOwnFile(tx, place.cityId, fileName, epw.location);
+    FaultPoint("before-commit");
+    tx.Commit();
     std::printf("Imported %s into %s:\n", fileName.c_str(), path.c_str());
     Report(epw, place, added, id);
   } catch (const DataError& e) {

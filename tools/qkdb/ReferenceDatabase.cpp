@@ -81,6 +81,26 @@ void WriteWithoutWaiting() {
   });
 }
 
+std::string OneLine(const std::string& message) {
+  std::string out;
+  bool pendingBreak = false;
+  for (char c : message) {
+    if (c == '\n' || c == '\r') {
+      pendingBreak = true;
+      continue;
+    }
+    if (pendingBreak && (c == ' ' || c == '\t')) continue;
+    if (pendingBreak) {
+      while (!out.empty() && (out.back() == ' ' || out.back() == '\t')) out.pop_back();
+      out += ' ';
+      pendingBreak = false;
+    }
+    out += c;
+  }
+  while (!out.empty() && (out.back() == ' ' || out.back() == '\t')) out.pop_back();
+  return out;
+}
+
 std::string OpenForReading(const std::string& path) {
   if (!IsServerUri(path)) {
     std::error_code ec;
@@ -91,11 +111,11 @@ std::string OpenForReading(const std::string& path) {
   }
   CADODatabase db;
   if (!db.OpenAccess(CString::FromUtf8(path), L"", L""))
-    return "cannot open " + path + ": " + db.GetLastError().ToUtf8();
+    return "cannot open " + path + ": " + OneLine(db.GetLastError().ToUtf8());
   // The last table the schema creates: a database that has it has been built through to the end.
   CADORecordset rs(&db);
   if (!rs.Open(L"SELECT COUNT(*) FROM BoundingStructure"))
-    return path + " does not hold the reference tables (" + rs.GetLastError().ToUtf8() + ")";
+    return path + " does not hold the reference tables (" + OneLine(rs.GetLastError().ToUtf8()) + ")";
   BindRecordClasses(path);
   return "";
 }

@@ -18,6 +18,9 @@ void BindRecordClasses(const std::string& path);
 // Lets every record class's connection commit without waiting for the disk (PRAGMA synchronous =
 // OFF). Only for a file that is thrown away unless it is flushed and kept at the end: qkdb init.
 void WriteWithoutWaiting();
+// A backend's message as one line: its line breaks and the blanks around them become one space, and
+// none is left at the end (PostgreSQL's messages span lines).
+std::string OneLine(const std::string& message);
 // For the commands that read: "" when path is a server URI or an existing SQLite file that holds the
 // shipped tables, else one line saying what is wrong (missing file, not a database, tables missing).
 // Binds the record classes when the database can be used.
