@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "GeographyFixture.h"
+#include "QkdbRun.h"
 #include "TestDatabase.h"
 #include "construction/CQKTimbering.h"
 #include "construction/CQKTimberingType.h"
@@ -28,6 +29,7 @@
 #include "envelope/CQKBSType.h"
 #include "envelope/CQKBoundingStructure.h"
 #include "geography/CQKCity.h"
+#include "tablekit/CADODatabase.h"
 #include "weather/CQKWeather.h"
 #include "weather/CQKWeatherDataAdmin.h"
 
@@ -382,6 +384,30 @@ TEST(QkdbInit, AnExistingFileIsReplacedOnlyWithForce) {
   EXPECT_EQ(text, "keep me");
   EXPECT_EQ(RunQkdb("init --force --db " + path), 0);
   EXPECT_EQ(QueryOne(CString::FromUtf8(path), "SELECT COUNT(*) FROM Country"), "1");
+}
+
+// This test process holds the file open, as a host program holding the reference database would: the
+// replaced file would live on for it, unlinked, and its writes would vanish.
+TEST(QkdbInit, AFileAnotherProgramHasOpenIsReplacedOnlyWhenToldEvenIfOpen) {
+  TempDir dir;
+  const CString path = dir.File("ref.db");
+  CreateDatabase(path, "CREATE TABLE Kept (x); INSERT INTO Kept VALUES (1)");
+  CADODatabase holder;
+  ASSERT_TRUE(holder.OpenAccess(path, L"", L""));
+  const ToolRun refused = Qkdb("init --force --db '" + path.ToUtf8() + "'");
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_TRUE(IsOneLine(refused.err)) << refused.err;
+  EXPECT_NE(refused.err.find("is open in another program (pid " + std::to_string(getpid()) + " "), std::string::npos)
+      << refused.err;
+  EXPECT_EQ(QueryOne(path, "SELECT x FROM Kept"), "1");
+  EXPECT_EQ(Qkdb("init --force --even-if-open --db '" + path.ToUtf8() + "'").status, 0);
+  EXPECT_EQ(QueryOne(path, "SELECT COUNT(*) FROM Country"), "1");
+}
+
+TEST(QkdbInit, EvenIfOpenNeedsForce) {
+  TempDir dir;
+  EXPECT_EQ(Qkdb("init --even-if-open --db '" + dir.File("ref.db").ToUtf8() + "'").status, 2);
+  EXPECT_FALSE(fs::exists(dir.path() / "ref.db"));
 }
 
 TEST(QkdbInit, BadDataLeavesTheExistingFileAndNoTemporary) {

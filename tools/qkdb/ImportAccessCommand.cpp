@@ -14,6 +14,7 @@
 
 #include "AccessFile.h"
 #include "AtomicFile.h"
+#include "OpenFiles.h"
 #include "BoundedRead.h"
 #include "ChildProcess.h"
 #include "CsvTable.h"
@@ -200,7 +201,9 @@ ImportAccessCommand::ImportAccessCommand(CLI::App& parent) {
   m_app->add_option("file", m_file, "The Access file to read")->required();
   m_app->add_option("--db", m_db, "The SQLite file to create")->required();
   m_app->add_option("--tables", m_tables, "Only these tables, by name, separated by commas")->delimiter(',');
-  m_app->add_flag("--force", m_force, "Replace the SQLite file when it exists");
+  m_app->add_flag("--force", m_force, "Replace the SQLite file when it exists and no other program has it open");
+  m_app->add_flag("--even-if-open", m_evenIfOpen, "With --force: replace it even while other programs have it open")
+      ->needs("--force");
 }
 
 bool ImportAccessCommand::Chosen() const { return m_app->parsed(); }
@@ -212,6 +215,8 @@ int ImportAccessCommand::Run() const {
   const fs::path target = fs::absolute(m_db, ec);
   if (fs::equivalent(m_file, target, ec)) return Tell(2, "--db names the Access file itself");
   if (fs::exists(target, ec) && !m_force) return Tell(1, m_db + " already exists (--force replaces it)");
+  if (fs::exists(target, ec) && !m_evenIfOpen)
+    if (const std::string held = RefuseToReplaceHeld(target, "--even-if-open"); !held.empty()) return Tell(1, held);
 
   try {
     AtomicFile importing(target, "importing");

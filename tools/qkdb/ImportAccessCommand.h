@@ -1,11 +1,11 @@
 #pragma once
-// qkdb import-access FILE --db OUT [--tables A,B] [--force]: copies the user tables of an Access
+// qkdb import-access FILE --db OUT [--tables A,B] [--force [--even-if-open]]: copies the user tables of an Access
 // file (.mdb or .accdb) - columns, types and rows - into a new SQLite file OUT, one SQLite table per
 // Access table with the same table and column names. The type of each column is in AccessTable.h.
 //
 // OUT is written in a temporary file beside it and renamed onto it only when every table has been
 // copied in full, so a failed import leaves nothing behind; an existing OUT is replaced only with
-// --force. The Access file is read in a child process (ChildProcess.h): mdbtools, which reads it,
+// --force, and not while another program has it open unless --even-if-open says so. The Access file is read in a child process (ChildProcess.h): mdbtools, which reads it,
 // can crash on a damaged file, and that must end in a one-line message, not a crash of qkdb.
 
 #include <string>
@@ -31,6 +31,7 @@ class ImportAccessCommand {
   std::string m_db;
   std::vector<std::string> m_tables;
   bool m_force = false;
+  bool m_evenIfOpen = false;
 };
 
 }  // namespace qkdb

@@ -195,11 +195,11 @@ int ImportEpwCommand::Run() const {
   }
   const std::string path = ChooseDatabase(m_db);
   try {
-    // Checks that the database holds the reference tables and binds the record classes to them.
-    const std::string problem = OpenForReading(path);
-    if (!problem.empty()) throw DataError(problem);
-
+    if (const std::string problem = NotADatabase(path); !problem.empty()) throw DataError(problem);
     WriteTransaction tx(path, m_wait);
+    // The last table the schema creates: a database that has it has been built through to the end.
+    if (!tx.HasTable("BoundingStructure")) throw DataError(path + " does not hold the reference tables");
+    BindRecordClasses(path);
     FaultPoint("begun");
     const std::string fileName = fs::path(m_file).filename().string();
     const EpwPlace place = FindOrAddPlace(tx, fileName, epw.location, {m_city, m_province, m_country});

@@ -7,6 +7,7 @@
 #include <sqlite3.h>
 
 #include "AtomicFile.h"
+#include "OpenFiles.h"
 #include "BoundedRead.h"
 #include "CatalogueLoader.h"
 #include "CsvTable.h"
@@ -58,7 +59,9 @@ InitCommand::InitCommand(CLI::App& parent) {
   m_app = parent.add_subcommand("init", "Build the reference database from the shipped data (data/*.csv)");
   m_app->add_option("--db", m_db, "The database file to build (default: $QKDB_DATABASE, else " +
                                        DefaultDatabasePath() + ")");
-  m_app->add_flag("--force", m_force, "Replace the file when it exists");
+  m_app->add_flag("--force", m_force, "Replace the file when it exists and no other program has it open");
+  m_app->add_flag("--even-if-open", m_evenIfOpen, "With --force: replace it even while other programs have it open")
+      ->needs("--force");
   m_app->add_option("--data", m_data, "The folder of schema.sql and the CSV files")->default_str(QKDB_DATA_DIR);
 }
 
@@ -76,6 +79,12 @@ int InitCommand::Run() const {
   if (fs::exists(target, ec) && !m_force) {
     std::cerr << "qkdb: " << path << " already exists (--force replaces it)\n";
     return 1;
+  }
+  if (fs::exists(target, ec) && !m_evenIfOpen) {
+    if (const std::string held = RefuseToReplaceHeld(target, "--even-if-open"); !held.empty()) {
+      std::cerr << "qkdb: " << held << "\n";
+      return 1;
+    }
   }
 
   try {

@@ -1,9 +1,10 @@
 #pragma once
-// qkdb init [--db PATH] [--force] [--data DIR]: builds the reference database from data/schema.sql and
+// qkdb init [--db PATH] [--force [--even-if-open]] [--data DIR]: builds the reference database from data/schema.sql and
 // the CSV files of data/, through the library's record classes. The database is built in a temporary
 // file beside PATH and renamed onto PATH only when complete, so an interrupted build (a crash, a kill,
 // a full disk) never leaves a half-built database at PATH; an existing PATH is replaced only with
-// --force, and stays as it was when the build fails.
+// --force, and stays as it was when the build fails. Not while another program has PATH open (it would
+// go on writing the old, unlinked file and lose its writes), unless --even-if-open says so.
 
 #include <string>
 
@@ -25,6 +26,7 @@ class InitCommand {
   std::string m_db;
   std::string m_data;
   bool m_force = false;
+  bool m_evenIfOpen = false;
 };
 
 }  // namespace qkdb

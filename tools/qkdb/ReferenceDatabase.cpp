@@ -101,14 +101,17 @@ std::string OneLine(const std::string& message) {
   return out;
 }
 
+std::string NotADatabase(const std::string& path) {
+  if (IsServerUri(path)) return "";
+  std::error_code ec;
+  if (!std::filesystem::exists(path, ec))
+    return "no reference database at " + path + " (build it with \"qkdb init\", or choose one with --db)";
+  if (!std::filesystem::is_regular_file(path, ec) || !LooksLikeSqlite(path)) return path + " is not an SQLite database";
+  return "";
+}
+
 std::string OpenForReading(const std::string& path) {
-  if (!IsServerUri(path)) {
-    std::error_code ec;
-    if (!std::filesystem::exists(path, ec))
-      return "no reference database at " + path + " (build it with \"qkdb init\", or choose one with --db)";
-    if (!std::filesystem::is_regular_file(path, ec) || !LooksLikeSqlite(path))
-      return path + " is not an SQLite database";
-  }
+  if (std::string problem = NotADatabase(path); !problem.empty()) return problem;
   CADODatabase db;
   if (!db.OpenAccess(CString::FromUtf8(path), L"", L""))
     return "cannot open " + path + ": " + OneLine(db.GetLastError().ToUtf8());

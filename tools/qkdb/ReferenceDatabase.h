@@ -21,6 +21,9 @@ void WriteWithoutWaiting();
 // A backend's message as one line: its line breaks and the blanks around them become one space, and
 // none is left at the end (PostgreSQL's messages span lines).
 std::string OneLine(const std::string& message);
+// "" when path is a server URI or an existing SQLite file, else one line saying what is wrong (missing
+// file, not a database). Reads only the file's first bytes: no lock is needed.
+std::string NotADatabase(const std::string& path);
 // For the commands that read: "" when path is a server URI or an existing SQLite file that holds the
 // shipped tables, else one line saying what is wrong (missing file, not a database, tables missing).
 // Binds the record classes when the database can be used.

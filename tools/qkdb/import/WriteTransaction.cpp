@@ -1,11 +1,14 @@
 #include "import/WriteTransaction.h"
 
+#include <algorithm>
 #include <charconv>
+#include <chrono>
 #include <cctype>
 #include <cmath>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <thread>
 
 #include "ReferenceDatabase.h"
 #include "mfc/CString.h"
@@ -40,15 +43,29 @@ bool IsBusy(const std::string& error) {
 }  // namespace
 
 WriteTransaction::WriteTransaction(const std::string& path, double waitSeconds) {
-  if (!m_db.OpenAccess(CString::FromUtf8(path), L"", L""))
-    throw DataError("cannot open " + path + ": " + OneLine(m_db.GetLastError().ToUtf8()));
-  const long long waitMs = std::llround(std::max(0.0, waitSeconds) * 1000.0);
+  using Clock = std::chrono::steady_clock;
+  const auto wait = std::chrono::milliseconds(std::llround(std::max(0.0, waitSeconds) * 1000.0));
+  const auto deadline = Clock::now() + wait;
+  char seconds[32];
+  std::snprintf(seconds, sizeof seconds, "%g", waitSeconds);
+  const std::string busy = path + " is being changed by another program and stayed locked for " + seconds +
+                           " s; nothing was changed (try again, or wait longer with --wait)";
+  // Opening an SQLite file reads its schema, which a writer in the middle of its commit holds off; the
+  // library waits 2 s for that, the tool as long as it was told.
+  while (!m_db.OpenAccess(CString::FromUtf8(path), L"", L"")) {
+    const std::string error = OneLine(m_db.GetLastError().ToUtf8());
+    if (!IsBusy(error)) throw DataError("cannot open " + path + ": " + error);
+    if (Clock::now() >= deadline) throw DatabaseBusy(busy);
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  }
+  const long long waitMs =
+      std::max<long long>(1, std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now()).count());
   std::string error;
   bool begun = false;
   if (IsServer()) {
     tablekit::ResultSet locked;
     begun = Connection().Execute("BEGIN", error) &&
-            Connection().Execute("SET LOCAL lock_timeout = " + std::to_string(std::max(1LL, waitMs)), error) &&
+            Connection().Execute("SET LOCAL lock_timeout = " + std::to_string(waitMs), error) &&
             Connection().Query("SELECT pg_advisory_xact_lock(" + std::to_string(kWriterLock) + ")", locked, error);
     m_open = true;  // BEGIN ran: a failure after it is rolled back by the destructor
   } else {
@@ -58,12 +75,7 @@ WriteTransaction::WriteTransaction(const std::string& path, double waitSeconds) 
     m_open = begun;
   }
   if (begun) return;
-  if (IsBusy(error)) {
-    char seconds[32];
-    std::snprintf(seconds, sizeof seconds, "%g", waitSeconds);
-    throw DatabaseBusy(path + " is being changed by another program and stayed locked for " + seconds +
-                       " s; nothing was changed (try again, or wait longer with --wait)");
-  }
+  if (IsBusy(error)) throw DatabaseBusy(busy);
   throw DataError("cannot begin a change of " + path + ": " + OneLine(error));
 }
 
