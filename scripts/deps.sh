@@ -1,11 +1,20 @@
 #!/usr/bin/env bash
-# Installs the Debian packages the build needs, only those that are missing, so a second run installs
+# Installs the Debian packages a set needs, only those that are missing, so a second run installs
 # nothing. Runs apt-get update only when something has to be installed.
+#   scripts/deps.sh          (or "build") what building the library, qkdb and the database needs
+#   scripts/deps.sh test     that, and what the tests need: GoogleTest, Google Benchmark, a PostgreSQL
+#                            server, a locale compiler, clang for the fuzz targets, valgrind, and the
+#                            Debian packaging tools the package test uses
 set -euo pipefail
 
-packages=(g++ cmake ninja-build pkg-config libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev
-          nlohmann-json3-dev libcli11-dev libpq-dev postgresql locales mdbtools-dev clang libclang-rt-14-dev
-          valgrind)
+build=(g++ cmake ninja-build pkg-config libsqlite3-dev libpq-dev nlohmann-json3-dev libcli11-dev mdbtools-dev)
+test=(libgtest-dev libgmock-dev libbenchmark-dev postgresql locales clang libclang-rt-14-dev valgrind dpkg-dev file)
+
+case "${1:-build}" in
+  build) packages=("${build[@]}") ;;
+  test) packages=("${build[@]}" "${test[@]}") ;;
+  *) echo "usage: scripts/deps.sh [build|test]" >&2; exit 2 ;;
+esac
 
 missing=()
 for p in "${packages[@]}"; do

@@ -4,13 +4,14 @@
 # trees of the library, and the walls of an envelope type; then the wall calculation on an example.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-scripts/deps.sh
-cmake --preset default >/dev/null
+scripts/deps.sh build
+# Only what the tool and the database need: the tests and benchmarks are built by scripts/test.sh.
+cmake --preset default -DQK_BUILD_TESTS=OFF -DQK_BUILD_BENCH=OFF >/dev/null
 cmake --build --preset default
 qkdb=build/default/tools/qkdb/qkdb
-export QKDB_DATABASE="$PWD/build/default/reference.db"
+# The build made the reference database (build/default/share/QKModelDataBase/reference.db) with
+# `qkdb init`; --version says which database and data qkdb uses.
 $qkdb --version
-$qkdb init --force
 # 郑州's hourly weather file is its own station's; 三亚 has its own design conditions and, having no file
 # of its own, the hourly file of its nearest station that has one (海口), which the answer names.
 $qkdb weather 郑州

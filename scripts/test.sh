@@ -8,8 +8,11 @@ cd "$(dirname "$0")/.."
 mode="${1:-default}"
 preset="$mode"
 [ "$mode" = memcheck ] && preset=default
-scripts/deps.sh
-cmake --preset "$preset" >/dev/null
+scripts/deps.sh test
+# scripts/run.sh may have configured the same folder without the tests and benchmarks: turn them on.
+options=(-DQK_BUILD_TESTS=ON)
+[ "$preset" = default ] && options+=(-DQK_BUILD_BENCH=ON)
+cmake --preset "$preset" "${options[@]}" >/dev/null
 cmake --build --preset "$preset"
 # A locale whose decimal point is a comma, compiled into the build folder (no system change), so the
 # test that formatted numbers keep their "." runs everywhere instead of being skipped. That test alone

@@ -2,37 +2,50 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <regex>
+#include <filesystem>
 #include <string>
-#include <sys/wait.h>
 
-namespace {
+#include "QkdbRun.h"
+#include "TestDatabase.h"
 
-struct ToolRun {
-  int status;
-  std::string out;
-};
+namespace fs = std::filesystem;
 
-ToolRun Qkdb(const std::string& args) {
-  std::string command = std::string(QKDB_PATH) + " " + args + " 2>/dev/null";
-  ToolRun run{-1, ""};
-  FILE* pipe = popen(command.c_str(), "r");
-  if (!pipe) return run;
-  char buffer[4096];
-  std::size_t n;
-  while ((n = fread(buffer, 1, sizeof buffer, pipe)) > 0) run.out.append(buffer, n);
-  int status = pclose(pipe);
-  run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  return run;
+// The build tree is laid out as an install is: qkdb in tools/qkdb, its database and data two folders
+// up in share/QKModelDataBase.
+TEST(QkdbTool, VersionSaysTheVersionAndTheDatabaseAndDataItUses) {
+  ToolRun run = Qkdb("--version", "env -u QKDB_DATABASE ");
+  EXPECT_EQ(run.status, 0);
+  const std::string share = fs::weakly_canonical(fs::path(QKDB_PATH).parent_path() / ".." / ".." / "share" /
+                                                 "QKModelDataBase").string();
+  EXPECT_EQ(run.out, "qkdb 0.2.0\ndatabase: " + share + "/reference.db\ndata: " + share + "/data\n");
+  EXPECT_TRUE(fs::is_regular_file(share + "/reference.db"));  // the build made it
+  EXPECT_TRUE(fs::is_regular_file(share + "/data/schema.sql"));
 }
 
-}  // namespace
+TEST(QkdbTool, VersionSaysWhenTheDatabaseComesFromTheEnvironment) {
+  ToolRun run = Qkdb("--version", "QKDB_DATABASE=/some/where.db ");
+  EXPECT_NE(run.out.find("\ndatabase: /some/where.db (from QKDB_DATABASE)\n"), std::string::npos) << run.out;
+}
 
-TEST(QkdbTool, VersionPrintsTheVersionAndSucceeds) {
-  ToolRun run = Qkdb("--version");
-  EXPECT_EQ(run.status, 0);
-  EXPECT_TRUE(std::regex_match(run.out, std::regex("qkdb [0-9]+\\.[0-9]+\\.[0-9]+\n"))) << run.out;
+// A qkdb copied elsewhere looks beside itself, in ../share/QKModelDataBase, and says where it looked;
+// once the database is there, it answers from it. No path of the build machine is used.
+TEST(QkdbTool, ACopiedToolFindsTheDatabaseBesideItself) {
+  TempDir dir;
+  fs::create_directories(dir.path() / "bin");
+  fs::copy_file(QKDB_PATH, dir.path() / "bin" / "qkdb");
+  const std::string copy = (dir.path() / "bin" / "qkdb").string();
+  ToolRun missing = RunShell("env -u QKDB_DATABASE '" + copy + "' weather 郑州");
+  EXPECT_EQ(missing.status, 2);  // as for any missing database
+  EXPECT_NE(missing.err.find("no reference database at " + fs::weakly_canonical(dir.path()).string() +
+                             "/share/QKModelDataBase/reference.db"),
+            std::string::npos)
+      << missing.err;
+  const fs::path shipped = fs::path(QKDB_PATH).parent_path() / ".." / ".." / "share" / "QKModelDataBase" / "reference.db";
+  fs::create_directories(dir.path() / "share" / "QKModelDataBase");
+  fs::copy_file(shipped, dir.path() / "share" / "QKModelDataBase" / "reference.db");
+  ToolRun found = RunShell("env -u QKDB_DATABASE '" + copy + "' weather 郑州");
+  EXPECT_EQ(found.status, 0) << found.err;
+  EXPECT_NE(found.out.find("郑州, 河南, 中国"), std::string::npos) << found.out;
 }
 
 TEST(QkdbTool, HelpListsTheCommands) {

@@ -62,14 +62,14 @@ InitCommand::InitCommand(CLI::App& parent) {
   m_app->add_flag("--force", m_force, "Replace the file when it exists and no other program has it open");
   m_app->add_flag("--even-if-open", m_evenIfOpen, "With --force: replace it even while other programs have it open")
       ->needs("--force");
-  m_app->add_option("--data", m_data, "The folder of schema.sql and the CSV files")->default_str(QKDB_DATA_DIR);
+  m_app->add_option("--data", m_data, "The folder of schema.sql and the CSV files")->default_str(DefaultDataFolder());
 }
 
 bool InitCommand::Chosen() const { return m_app->parsed(); }
 
 int InitCommand::Run() const {
   const std::string path = ChooseDatabase(m_db);
-  const fs::path data = m_data.empty() ? fs::path(QKDB_DATA_DIR) : fs::path(m_data);
+  const fs::path data = m_data.empty() ? fs::path(DefaultDataFolder()) : fs::path(m_data);
   if (path.find("://") != std::string::npos) {
     std::fputs("qkdb: init builds an SQLite file; give --db a file path\n", stderr);
     return 2;

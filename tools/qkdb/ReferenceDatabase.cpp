@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "CsvTable.h"
+#include "binding/QKReferenceDatabase.h"
 #include "construction/CQKTimbering.h"
 #include "construction/CQKTimberingType.h"
 #include "envelope/CQKBSCategory.h"
@@ -18,7 +20,6 @@
 #include "rooms/CQKRoomType.h"
 #include "rooms/CQKRoomUse.h"
 #include "tablekit/CADODatabase.h"
-#include "tablekit/CADORecordset.h"
 #include "weather/CQKWeather.h"
 
 namespace qkdb {
@@ -39,7 +40,24 @@ bool LooksLikeSqlite(const std::string& path) {
 
 }  // namespace
 
-std::string DefaultDatabasePath() { return QKDB_DEFAULT_DATABASE; }
+std::filesystem::path ShareFolder() {
+  namespace fs = std::filesystem;
+  std::error_code ec;
+#ifdef __linux__
+  const fs::path self = fs::read_symlink("/proc/self/exe", ec);
+#else
+  const fs::path self;  // elsewhere the folder is found from the current one, like a relative --db
+#endif
+  const fs::path bin = self.parent_path();
+  const fs::path installed = bin / ".." / "share" / "QKModelDataBase";
+  for (const fs::path& candidate : {installed, bin / ".." / ".." / "share" / "QKModelDataBase"})
+    if (fs::is_directory(candidate, ec)) return fs::weakly_canonical(candidate, ec);
+  return fs::weakly_canonical(installed, ec);
+}
+
+std::string DefaultDatabasePath() { return (ShareFolder() / "reference.db").string(); }
+
+std::string DefaultDataFolder() { return (ShareFolder() / "data").string(); }
 
 std::string ChooseDatabase(const std::string& option) {
   if (!option.empty()) return option;
@@ -50,7 +68,7 @@ std::string ChooseDatabase(const std::string& option) {
 
 namespace {
 
-// Each record class with its table in the shipped schema.
+// Each record class with its table in the shipped schema, as QKReferenceDatabase::Bind binds them.
 template <typename Visit>
 void ForEachRecordClass(Visit visit) {
   visit.template operator()<CQKCountry>(L"Country");
@@ -71,8 +89,8 @@ void ForEachRecordClass(Visit visit) {
 }  // namespace
 
 void BindRecordClasses(const std::string& path) {
-  const CString db = CString::FromUtf8(path);
-  ForEachRecordClass([&]<typename Record>(const wchar_t* table) { Record::S_Init(db, table); });
+  CString error;
+  if (!QKReferenceDatabase::Bind(CString::FromUtf8(path), &error)) throw DataError(OneLine(error.ToUtf8()));
 }
 
 void WriteWithoutWaiting() {
@@ -112,14 +130,8 @@ std::string NotADatabase(const std::string& path) {
 
 std::string OpenForReading(const std::string& path) {
   if (std::string problem = NotADatabase(path); !problem.empty()) return problem;
-  CADODatabase db;
-  if (!db.OpenAccess(CString::FromUtf8(path), L"", L""))
-    return "cannot open " + path + ": " + OneLine(db.GetLastError().ToUtf8());
-  // The last table the schema creates: a database that has it has been built through to the end.
-  CADORecordset rs(&db);
-  if (!rs.Open(L"SELECT COUNT(*) FROM BoundingStructure"))
-    return path + " does not hold the reference tables (" + OneLine(rs.GetLastError().ToUtf8()) + ")";
-  BindRecordClasses(path);
+  CString error;
+  if (!QKReferenceDatabase::Bind(CString::FromUtf8(path), &error)) return OneLine(error.ToUtf8());
   return "";
 }
 

@@ -3,17 +3,27 @@
 // tables of the shipped schema (data/schema.sql).
 //
 // Which database: the --db option when given, else the environment variable QKDB_DATABASE when set
-// and not empty, else the file the build made with `qkdb init` (reference.db in the build folder).
+// and not empty, else the shipped one, found relative to qkdb itself: share/QKModelDataBase/reference.db
+// beside an installed bin/qkdb, or in the build tree the one the build made (build/<preset>/share/…).
+// No path is fixed at build time, so an installed, packaged or copied tree works where it lands.
 
+#include <filesystem>
 #include <string>
 
 namespace qkdb {
 
-// The compiled-in default: where `qkdb init` writes when told nothing else.
+// The folder of the shipped database and data: share/QKModelDataBase found relative to this
+// executable (installed: ../share; build tree: ../../share). When neither exists, the installed place,
+// for messages that say where it was looked for.
+std::filesystem::path ShareFolder();
+// ShareFolder()/reference.db: the database read, and written by `qkdb init`, when told nothing else.
 std::string DefaultDatabasePath();
+// ShareFolder()/data: schema.sql, the CSV files and SOURCES.md that `qkdb init` reads.
+std::string DefaultDataFolder();
 // option when not empty, else QKDB_DATABASE, else the default.
 std::string ChooseDatabase(const std::string& option);
-// Tells every record class its table in the database at path (a file, or a postgresql:// URI).
+// Tells every record class its table in the database at path (a file, or a postgresql:// URI), through
+// QKReferenceDatabase::Bind. Throws DataError when the database lacks a table.
 void BindRecordClasses(const std::string& path);
 // Lets every record class's connection commit without waiting for the disk (PRAGMA synchronous =
 // OFF). Only for a file that is thrown away unless it is flushed and kept at the end: qkdb init.

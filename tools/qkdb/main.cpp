@@ -6,12 +6,14 @@
 
 #include <CLI/CLI.hpp>
 #include <cstdio>
+#include <cstdlib>
 #include <iostream>
 #include <string>
 
 #include "ImportEpwCommand.h"
 #include "ImportAccessCommand.h"
 #include "InitCommand.h"
+#include "ReferenceDatabase.h"
 #include "ThicknessCommand.h"
 #include "TreeCommand.h"
 #include "WallCommand.h"
@@ -20,8 +22,14 @@
 
 int main(int argc, char** argv) {
   CLI::App app("The reference database of a building thermal-load design system, from the command line.", "qkdb");
-  app.set_version_flag("--version", std::string("qkdb ") + QKDB_VERSION,
-                       "Print the version and exit (the tool and the library are released together)");
+  // The version, and which database and data the commands use when told nothing else: the first
+  // thing to look at when an installed or copied qkdb answers from files other than expected.
+  const char* env = std::getenv("QKDB_DATABASE");
+  app.set_version_flag("--version",
+                       std::string("qkdb ") + QKDB_VERSION + "\ndatabase: " + qkdb::ChooseDatabase("") +
+                           (env && *env ? " (from QKDB_DATABASE)" : "") + "\ndata: " + qkdb::DefaultDataFolder(),
+                       "Print the version, the database and the data folder used, and exit (the tool and the "
+                       "library are released together)");
   qkdb::WallCommand wall(app);
   qkdb::ThicknessCommand thickness(app);
   qkdb::InitCommand init(app);
