@@ -1,40 +1,10 @@
 #include "binding/QKReferenceDatabase.h"
 
-#include "construction/CQKTimbering.h"
-#include "construction/CQKTimberingType.h"
-#include "envelope/CQKBSCategory.h"
-#include "envelope/CQKBSCode.h"
-#include "envelope/CQKBSType.h"
-#include "envelope/CQKBoundingStructure.h"
-#include "geography/CQKCity.h"
-#include "geography/CQKCountry.h"
-#include "geography/CQKProvince.h"
-#include "rooms/CQKRULoadParam.h"
-#include "rooms/CQKRoomType.h"
-#include "rooms/CQKRoomUse.h"
+#include "binding/ReferenceTables.h"
 #include "tablekit/CADODatabase.h"
 #include "tablekit/CADORecordset.h"
-#include "weather/CQKWeather.h"
 
 namespace {
-
-// Each record class with its table in the reference schema (data/schema.sql).
-template <typename Visit>
-void ForEachRecordClass(Visit visit) {
-  visit.template operator()<CQKCountry>(L"Country");
-  visit.template operator()<CQKProvince>(L"Province");
-  visit.template operator()<CQKCity>(L"City");
-  visit.template operator()<CQKWeather>(L"Weather");
-  visit.template operator()<CQKTimberingType>(L"TimberingType");
-  visit.template operator()<CQKTimbering>(L"Timbering");
-  visit.template operator()<CQKBSCategory>(L"BSCategory");
-  visit.template operator()<CQKBSType>(L"BSType");
-  visit.template operator()<CQKBSCode>(L"BSCode");
-  visit.template operator()<CQKBoundingStructure>(L"BoundingStructure");
-  visit.template operator()<CQKRoomType>(L"RoomType");
-  visit.template operator()<CQKRoomUse>(L"RoomUse");
-  visit.template operator()<CQKRULoadParam>(L"RULoadParam");
-}
 
 int Fail(CString* error, const CString& reason) {
   if (error != nullptr) *error = reason;

@@ -9,9 +9,10 @@
 #   share/doc/QKModelDataBase/   the README and the docs a host needs (development)
 include(CMakePackageConfigHelpers)
 
-# The public headers: every header of the library's folders but the library's own internals (the
-# record verbs shared by the record classes, the UTF conversions, the database backends).
+# The public headers: every header of the library's folders but the project's own internals (the list
+# of record classes, the record verbs they share, the UTF conversions, the database backends).
 set(QK_INTERNAL_HEADERS
+  binding/ReferenceTables.h
   foundation/QKRecordVerbs.h
   platform/mfc/Utf.h
   platform/tablekit/CADOConnection.h

@@ -6,19 +6,7 @@
 #include "BackendDatabase.h"
 #include "GeographyFixture.h"
 #include "binding/QKReferenceDatabase.h"
-#include "construction/CQKTimbering.h"
-#include "construction/CQKTimberingType.h"
-#include "envelope/CQKBSCategory.h"
-#include "envelope/CQKBSCode.h"
-#include "envelope/CQKBSType.h"
-#include "envelope/CQKBoundingStructure.h"
-#include "geography/CQKCity.h"
-#include "geography/CQKCountry.h"
-#include "geography/CQKProvince.h"
-#include "rooms/CQKRULoadParam.h"
-#include "rooms/CQKRoomType.h"
-#include "rooms/CQKRoomUse.h"
-#include "weather/CQKWeather.h"
+#include "binding/ReferenceTables.h"
 
 namespace {
 
@@ -27,19 +15,7 @@ class QKReferenceDatabaseTest : public BackendFixture {
   void TearDown() override { Forget(); }
   // Each class unbound, as a process starts.
   static void Forget() {
-    ForgetClassTable<CQKCountry>();
-    ForgetClassTable<CQKProvince>();
-    ForgetClassTable<CQKCity>();
-    ForgetClassTable<CQKWeather>();
-    ForgetClassTable<CQKTimberingType>();
-    ForgetClassTable<CQKTimbering>();
-    ForgetClassTable<CQKBSCategory>();
-    ForgetClassTable<CQKBSType>();
-    ForgetClassTable<CQKBSCode>();
-    ForgetClassTable<CQKBoundingStructure>();
-    ForgetClassTable<CQKRoomType>();
-    ForgetClassTable<CQKRoomUse>();
-    ForgetClassTable<CQKRULoadParam>();
+    ForEachRecordClass([]<typename Record>(const wchar_t*) { ForgetClassTable<Record>(); });
   }
 };
 
