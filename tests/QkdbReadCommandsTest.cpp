@@ -113,6 +113,7 @@ constexpr double kKaifengLon = 114.35, kKaifengLat = 34.8;
 // The layers of "Light Exterior Wall", outside to inside: mm, W/(m·K).
 constexpr double kPlasterMm = 20.0, kPlasterLambda = 0.81;
 constexpr double kBrickMm = 240.0, kBrickLambda = 0.87;
+constexpr double kAirR = 0.15;  // m²·K/W, an air space stored by its conductance 1/R
 
 // One country; provinces 北京 and 河南; cities 北京 and 郑州 with weather files of their own, 洛阳
 // with EpwName '' and 开封 with EpwName NULL (both borrow), 安阳 without a weather row. Columns left out
@@ -135,7 +136,8 @@ std::string SeedSql() {
          rad(kKaifengLon) + ", " + rad(kKaifengLat) + ", 35.1);"
          "INSERT INTO TimberingType (Name) VALUES ('砖'), ('抹灰');"
          "INSERT INTO Timbering (TTId, Name, GMD, DrXs, BRr) VALUES (1, '黏土砖', 1800, " + Exact(kBrickLambda) +
-         ", 1.05), (2, '石灰砂浆', 1600, " + Exact(kPlasterLambda) + ", 1.05);"
+         ", 1.05), (2, '石灰砂浆', 1600, " + Exact(kPlasterLambda) + ", 1.05), (2, 'Air space', 0, " +
+         Exact(1.0 / kAirR) + ", 0);"
          "INSERT INTO BSCategory (Name, OrderId) VALUES ('外墙', 1), ('屋面', 2);"
          "INSERT INTO BSType (Name, BSDLId) VALUES ('ASHRAE外墙', 1), ('ASHRAE屋面', 2);"
          "INSERT INTO BSCode (BSTId, Name) VALUES (1, 'Light Exterior Wall'), (1, 'Heavy Exterior Wall');"
@@ -153,6 +155,12 @@ class QkdbReadCommands : public testing::Test {
   }
 
   ToolRun Run(const std::string& args) { return Qkdb(args + " --db '" + db + "'"); }
+  // Writes text to a file of that name in the test's folder; its path.
+  std::string Write(const std::string& name, const std::string& text) {
+    const std::string path = (dir.path() / name).string();
+    std::ofstream(path) << text;
+    return path;
+  }
   json Json(const std::string& args) {
     ToolRun run = Run(args + " --json");
     EXPECT_EQ(run.status, 0) << run.err;
@@ -385,7 +393,7 @@ TEST_F(QkdbReadCommands, TheEnvelopeTreeListsCategoriesTypesAndCodes) {
 TEST_F(QkdbReadCommands, TheConstructionAndRoomTreesListWhatTheRowsSay) {
   ToolRun constructions = Run("tree constructions");
   ASSERT_EQ(constructions.status, 0) << constructions.err;
-  EXPECT_EQ(constructions.out, "砖\n  黏土砖\n抹灰\n  石灰砂浆\n");
+  EXPECT_EQ(constructions.out, "砖\n  黏土砖\n抹灰\n  石灰砂浆\n  Air space\n");
   ToolRun rooms = Run("tree rooms");
   ASSERT_EQ(rooms.status, 0) << rooms.err;
   EXPECT_EQ(rooms.out, "办公建筑\n  办公室\n  会议室\n");
@@ -426,7 +434,16 @@ TEST_F(QkdbReadCommands, WallsUOfACodeWithoutAirLayersIsOneOverItsResistances) {
   EXPECT_NEAR(light["U_winter"].get<double>(), winter, 1e-9 * winter);
   ASSERT_EQ(light["layers"].size(), 3u);
   EXPECT_EQ(light["layers"][1]["name"], "黏土砖");
-  EXPECT_DOUBLE_EQ(light["layers"][1]["thickness_mm"].get<double>(), kBrickMm);
+  const json& brick = light["layers"][1];
+  EXPECT_DOUBLE_EQ(brick["thickness"].get<double>(), kBrickMm / 1000.0);
+  EXPECT_DOUBLE_EQ(brick["conductivity"].get<double>(), kBrickLambda);
+  EXPECT_DOUBLE_EQ(brick["density"].get<double>(), 1800.0);
+  EXPECT_DOUBLE_EQ(brick["specific_heat"].get<double>(), 1.05);
+  EXPECT_DOUBLE_EQ(brick["conductivity_correction"].get<double>(), 1.0);
+  EXPECT_DOUBLE_EQ(brick["density_correction"].get<double>(), 1.0);
+  EXPECT_EQ(light["inside"], 8.7);
+  EXPECT_EQ(light["outside"], 18.6);
+  EXPECT_EQ(light["outside_winter"], 23.0);
   EXPECT_GT(light["D"].get<double>(), 0.0);
   EXPECT_GT(light["decrement"].get<double>(), 0.0);
   EXPECT_LT(light["decrement"].get<double>(), 1.0);
@@ -435,6 +452,105 @@ TEST_F(QkdbReadCommands, WallsUOfACodeWithoutAirLayersIsOneOverItsResistances) {
   // 370 mm of brick resist more than 240 mm with plaster.
   EXPECT_LT(out[1]["U"].get<double>(), light["U"].get<double>());
 }
+
+// A catalogue wall goes on to "wall" and "thickness" as "walls --json" prints it, and comes out with
+// the same numbers: the same layers and coefficients reach the same calculation.
+TEST_F(QkdbReadCommands, AWallOfWallsJsonIsComputedAgainByWallWithTheSameResults) {
+  const json walls = Json("walls --type ASHRAE外墙");
+  ASSERT_EQ(walls.size(), 2u);
+  for (const json& wall : walls) {
+    ToolRun run = Qkdb("wall '" + Write("wall.json", wall.dump()) + "'");
+    ASSERT_EQ(run.status, 0) << run.err;
+    const json again = json::parse(run.out);
+    EXPECT_EQ(again["U"], wall["U"]) << wall["code"];
+    EXPECT_EQ(again["U_winter"], wall["U_winter"]) << wall["code"];
+    EXPECT_EQ(again["D"], wall["D"]) << wall["code"];
+    EXPECT_EQ(again["decrement"], wall["decrement"]) << wall["code"];
+    EXPECT_EQ(again["delay_h"], wall["delay_h"]) << wall["code"];
+  }
+}
+
+TEST_F(QkdbReadCommands, AWallOfWallsJsonIsSizedByThicknessForTheUAskedFor) {
+  json light = Json("walls --type ASHRAE外墙")[0];
+  // Half the U needs more of one layer; that layer at the thickness found, put back into the wall,
+  // gives the U asked for.
+  const double target = light["U"].get<double>() / 2.0;
+  ToolRun run = Qkdb("thickness --target-u " + Exact(target) + " '" + Write("wall.json", light.dump()) + "'");
+  ASSERT_EQ(run.status, 0) << run.err;
+  const json sized = json::parse(run.out);
+  const std::size_t layer = sized["layer"].get<std::size_t>();
+  ASSERT_LT(layer, light["layers"].size());
+  EXPECT_GT(sized["thickness"].get<double>(), light["layers"][layer]["thickness"].get<double>());
+  light["layers"][layer]["thickness"] = sized["thickness"];
+  ToolRun again = Qkdb("wall '" + Write("sized.json", light.dump()) + "'");
+  ASSERT_EQ(again.status, 0) << again.err;
+  EXPECT_NEAR(json::parse(again.out)["U"].get<double>(), target, 1e-9 * target);
+}
+
+TEST_F(QkdbReadCommands, TheResultsOfAWallsElementAreNotRead) {
+  json light = Json("walls --type ASHRAE外墙")[0];
+  const json u = light["U"];
+  light["U"] = 99.0;  // a stale or edited result changes nothing
+  ToolRun run = Qkdb("wall '" + Write("wall.json", light.dump()) + "'");
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(json::parse(run.out)["U"], u);
+  light["code"] = 7;
+  ToolRun refused = Qkdb("wall '" + Write("bad.json", light.dump()) + "'");
+  EXPECT_EQ(refused.status, 2);
+  EXPECT_NE(refused.err.find("\"code\" is not a string"), std::string::npos) << refused.err;
+}
+
+// --- materials -------------------------------------------------------------------------------------
+
+TEST_F(QkdbReadCommands, MaterialsListsEveryConstructionWithItsTypeAndProperties) {
+  const json all = Json("materials");
+  ASSERT_EQ(all.size(), 3u);
+  const json& brick = all[0];
+  EXPECT_EQ(brick["name"], "黏土砖");
+  EXPECT_EQ(brick["type"], "砖");
+  EXPECT_EQ(brick["id"], 1);
+  EXPECT_DOUBLE_EQ(brick["density_kg_m3"].get<double>(), 1800.0);
+  EXPECT_DOUBLE_EQ(brick["conductivity_w_mk"].get<double>(), kBrickLambda);
+  EXPECT_DOUBLE_EQ(brick["specific_heat_kj_kgk"].get<double>(), 1.05);
+  // S24 = √(2π·λ·c·ρ / T), T = 24 h = 86.4 ks with c in kJ/(kg·K): GB 50176's heat-storage coefficient.
+  const double s = std::sqrt(2.0 * std::numbers::pi * kBrickLambda * 1.05 * 1800.0 / 86.4);
+  EXPECT_NEAR(brick["s24_w_m2k"].get<double>(), s, 1e-12 * s);
+  EXPECT_TRUE(brick["thermal_resistance_m2k_w"].is_null());
+}
+
+TEST_F(QkdbReadCommands, MaterialsShowsAnAirSpaceByItsResistance) {
+  const json air = Json("materials --search AIR");  // Latin letters in any case
+  ASSERT_EQ(air.size(), 1u);
+  EXPECT_EQ(air[0]["name"], "Air space");
+  EXPECT_NEAR(air[0]["thermal_resistance_m2k_w"].get<double>(), kAirR, 1e-12);
+  for (const char* key : {"density_kg_m3", "conductivity_w_mk", "specific_heat_kj_kgk", "s24_w_m2k"})
+    EXPECT_TRUE(air[0][key].is_null()) << key;
+  ToolRun text = Run("materials --search air");
+  ASSERT_EQ(text.status, 0) << text.err;
+  EXPECT_NE(text.out.find("0.150"), std::string::npos) << text.out;
+}
+
+TEST_F(QkdbReadCommands, MaterialsOfATypeAndBySearch) {
+  const json plaster = Json("materials --type 抹灰");
+  ASSERT_EQ(plaster.size(), 2u);
+  EXPECT_EQ(plaster[0]["name"], "石灰砂浆");
+  EXPECT_EQ(Json("materials --search 砖").size(), 1u);
+  EXPECT_EQ(Json("materials --type 抹灰 --search 砖").size(), 0u);
+  ToolRun none = Run("materials --search 聚苯");
+  ASSERT_EQ(none.status, 0) << none.err;
+  EXPECT_EQ(none.out, "no construction matches\n");
+  ToolRun table = Run("materials --type 砖");
+  ASSERT_EQ(table.status, 0) << table.err;
+  const std::vector<std::string> lines = Lines(table.out);
+  ASSERT_EQ(lines.size(), 2u) << table.out;
+  EXPECT_NE(lines[0].find("S24 W/(m²·K)"), std::string::npos) << lines[0];
+  EXPECT_NE(lines[1].find("黏土砖"), std::string::npos) << lines[1];
+  char s24[32];
+  std::snprintf(s24, sizeof s24, "%.2f", std::sqrt(2.0 * std::numbers::pi * kBrickLambda * 1.05 * 1800.0 / 86.4));
+  EXPECT_NE(lines[1].find(s24), std::string::npos) << lines[1];
+}
+
+TEST_F(QkdbReadCommands, MaterialsOfAnUnknownTypeIsRefused) { ExpectRefused(Run("materials --type 玻璃"), 1); }
 
 TEST_F(QkdbReadCommands, WallsOfAnUnknownTypeIsRefused) {
   ToolRun run = Run("walls --type 玻璃幕墙");

@@ -1,20 +1,13 @@
 #include "CatalogueLoader.h"
 
-#include <charconv>
-#include <cmath>
 #include <map>
 #include <string>
 #include <vector>
 
 #include "CsvTable.h"
-#include "RowNulls.h"
 #include "construction/CQKTimbering.h"
-#include "construction/CQKTimberingType.h"
-#include "envelope/CQKBSCategory.h"
-#include "envelope/CQKBSCode.h"
-#include "envelope/CQKBSType.h"
-#include "envelope/CQKBoundingStructure.h"
-#include "tablekit/CADODatabase.h"
+#include "reference/CatalogueRows.h"
+#include "reference/ChineseCatalogue.h"
 
 namespace qkdb {
 
@@ -64,27 +57,12 @@ const Placement& PlacementOf(const std::string& construction) {
   throw DataError("construction \"" + construction + "\" is no wall, roof, partition, floor or furnishing");
 }
 
-// Shortest decimal text of value rounded to 0.01 (mm of a layer), "." as the decimal point.
-std::string Decimal(double value) {
-  char text[32];
-  auto end = std::to_chars(text, text + sizeof text, std::round(value * 100.0) / 100.0).ptr;
-  return std::string(text, end);
-}
-
-std::map<std::string, Material> LoadMaterials(const CsvTable& materials) {
-  std::map<std::string, long> typeIds;
+std::map<std::string, Material> LoadMaterials(const CsvTable& materials, CatalogueRows& rows) {
   std::map<std::string, Material> byName;
   for (std::size_t r = 0; r < materials.Size(); ++r) {
     const std::string& name = materials.Field(r, "name");
-    const std::string typeName = TypeOf(name, materials.Field(r, "source_chapter"));
-    if (!typeIds.count(typeName)) {
-      CQKTimberingType type;
-      type.Name = CString::FromUtf8(typeName);
-      CheckWritten(type.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, "construction type " + typeName);
-      typeIds[typeName] = type.GetID();
-    }
+    const long typeId = rows.ConstructionType(TypeOf(name, materials.Field(r, "source_chapter")));
     CQKTimbering construction;
-    construction.TTId = static_cast<int>(typeIds[typeName]);
     construction.SetStuffName(CString::FromUtf8(name));
     Material material;
     if (materials.Field(r, "material_type") == "AirGap") {
@@ -105,8 +83,7 @@ std::map<std::string, Material> LoadMaterials(const CsvTable& materials) {
       construction.SetRoughness(RoughnessCode(materials.Field(r, "roughness")));
       material.thicknessMm = thickness * 1000.0;
     }
-    CheckWritten(construction.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, materials.Where(r));
-    material.id = construction.GetID();
+    material.id = rows.AddConstruction(construction, typeId, materials.Where(r));
     byName[name] = material;
   }
   return byName;
@@ -115,55 +92,32 @@ std::map<std::string, Material> LoadMaterials(const CsvTable& materials) {
 }  // namespace
 
 void LoadCatalogue(const std::filesystem::path& dataDir, CADODatabase& db) {
-  const auto materials = LoadMaterials(CsvTable(dataDir / "materials_ashrae_hof_2005.csv"));
+  CatalogueRows rows(db);
+  const auto materials = LoadMaterials(CsvTable(dataDir / "materials_ashrae_hof_2005.csv"), rows);
   const CsvTable layers(dataDir / "constructions_ashrae_hof_2005.csv");
 
-  std::map<std::string, long> categoryIds, typeIds;
-  int order = 0;
-  for (const Placement& p : kPlacements) {
-    CQKBSCategory category;
-    category.Name = CString::FromUtf8(p.category);
-    // The category record has no lookup verbs (hosts only read categories); the build starts from
-    // empty tables, so inserting is all it needs.
-    CheckWritten(category.InsertData(nullptr) != 0, std::string("category ") + p.category);
-    const std::string sql = "UPDATE BSCategory SET OrderId = " + std::to_string(++order) +
-                            " WHERE ID = " + std::to_string(category.GetID());
-    CheckWritten(db.Execute(CString::FromUtf8(sql)) != 0, std::string("the order of category ") + p.category);
-    CQKBSType type;
-    type.Name = CString::FromUtf8(p.type);
-    type.BSDLId = static_cast<int>(category.GetID());
-    CheckWritten(type.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, std::string("envelope type ") + p.type);
-    typeIds[p.type] = type.GetID();
-  }
+  for (const Placement& p : kPlacements) rows.EnvelopeType(p.type, rows.Category(p.category));
 
   // The layer rows of one construction follow each other, outside first.
   for (std::size_t r = 0; r < layers.Size();) {
+    const std::size_t first = r;
     const std::string construction = layers.Field(r, "construction_name");
-    std::string ids, thicknesses, factors;
+    std::vector<CodeLayer> codeLayers;
     for (; r < layers.Size() && layers.Field(r, "construction_name") == construction; ++r) {
       auto material = materials.find(layers.Field(r, "material_name"));
       if (material == materials.end())
         throw DataError(layers.Where(r) + ": no material \"" + layers.Field(r, "material_name") + "\"");
-      const char* comma = ids.empty() ? "" : ",";
-      ids += comma + std::to_string(material->second.id);
-      thicknesses += comma + Decimal(material->second.thicknessMm);
-      factors += std::string(comma) + "1";
+      codeLayers.push_back({material->second.id, material->second.thicknessMm, 1.0});
     }
-    CQKBSCode code;
     // Code names name the demonstration pictures, so they must be usable as file names: "/" becomes "-".
     std::string name = construction;
     for (char& c : name)
       if (c == '/') c = '-';
-    code.Name = CString::FromUtf8(name);
-    code.BSTId = typeIds.at(PlacementOf(construction).type);
-    CheckWritten(code.AddIfNotExist(nullptr, 1) != QKLoad::DBS_ERROR, "envelope code " + name);
-    CQKBoundingStructure structure;
-    structure.BSCId = code.GetID();
-    structure.TIdS = CString::FromUtf8(ids);
-    structure.HouDuS = CString::FromUtf8(thicknesses);
-    structure.XzXsS = CString::FromUtf8(factors);
-    CheckWritten(structure.AddOrUpdate(nullptr) != QKLoad::DBS_ERROR, "the bounding structure of " + name);
+    const Placement& p = PlacementOf(construction);
+    rows.AddCode(name, rows.EnvelopeType(p.type, rows.Category(p.category)), codeLayers, layers.Where(first));
   }
+
+  LoadChineseCatalogue(dataDir, rows);
 }
 
 }  // namespace qkdb

@@ -1,5 +1,8 @@
 #pragma once
-// The envelope catalogue from the ASHRAE Handbook of Fundamentals 2005 data: every material as a
+// The envelope catalogue: first the ASHRAE Handbook of Fundamentals 2005 data, then the Chinese
+// materials and wall build-ups (reference/ChineseCatalogue.h).
+//
+// From the handbook: every material as a
 // construction (grouped into construction types by the handbook's letter groups), and the handbook's
 // layered constructions as envelope codes with their bounding structures, under envelope types and
 // categories by what they are (exterior wall, roof, partition, floor, furnishings).
@@ -16,8 +19,9 @@ class CADODatabase;
 
 namespace qkdb {
 
-// Throws DataError for data that cannot be used or a row that cannot be written. db is a connection
-// on the same database, for the category order, which the category record does not write.
+// Throws DataError for data that cannot be used, a name that repeats, or a row that cannot be written.
+// db is a connection on the same database, for the category order, which the category record does
+// not write.
 void LoadCatalogue(const std::filesystem::path& dataDir, CADODatabase& db);
 
 }  // namespace qkdb

@@ -129,7 +129,12 @@ CQKWallData ParseWall(const std::string& text) {
     throw InputError("the input is not valid JSON: " + WithoutTag(e.what()));
   }
   if (!root.is_object()) throw InputError("the input is not a JSON object");
-  RefuseUnknownKeys(root, "", {"inside", "outside", "outside_winter", "layers"});
+  // A wall printed by "qkdb walls --json" comes with its code and its results; the code names it, and
+  // the results are computed anew rather than read.
+  RefuseUnknownKeys(root, "",
+                    {"inside", "outside", "outside_winter", "layers", "code", "U", "U_winter", "D", "decrement", "delay_h"});
+  if (const json* code = Member(root, "code"); code && !code->is_string())
+    throw InputError("\"code\" is not a string");
 
   CQKWallData wall;
   // The wall itself refuses a coefficient ≤ 0 (it would be an infinite surface resistance); Number
@@ -151,6 +156,7 @@ CQKWallData ParseWall(const std::string& text) {
   if (!layers->is_array()) throw InputError("\"layers\" is not an array");
   if (layers->empty()) throw InputError("\"layers\" is empty: a wall needs at least one layer");
   for (std::size_t i = 0; i < layers->size(); ++i) wall.AddTimberingData(ParseLayer((*layers)[i], i + 1), false);
+  if (const json* code = Member(root, "code")) wall.Name = CString::FromUtf8(code->get_ref<const std::string&>());
   return wall;
 }
 

@@ -7,6 +7,9 @@
 //    "layers": [{"name": "...", "thickness": 0.24, "conductivity": 0.81, "density": 1800,
 //                "specific_heat": 1.05, "conductivity_correction": 1.0, "density_correction": 1.0}]}
 //
+// An element of "qkdb walls --json" is such a wall too: its "code" names the wall, and its results
+// ("U", "U_winter", "D", "decrement", "delay_h") are accepted and computed anew, not read.
+//
 // Every problem with the input is an InputError whose text names it in one line, without the
 // "qkdb <command>: " prefix, which the command adds.
 

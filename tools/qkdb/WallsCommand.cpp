@@ -34,8 +34,10 @@ WallsCommand::WallsCommand(CLI::App& parent) {
       "decrement factor f of the daily outside temperature wave (衰减倍数 ν = 1/f); its delay, h; the layers\n"
       "outside to inside with their thicknesses, mm. Surface coefficients: inside 8.7, outside 18.6 (summer)\n"
       "and 23.0 (winter), W/(m²·K).\n"
-      "--json: [{\"code\", \"layers\": [{\"name\", \"thickness_mm\"}], \"U\", \"U_winter\", \"D\", \"decrement\",\n"
-      "\"delay_h\"}].\n"
+      "--json: [{\"code\", \"inside\", \"outside\", \"outside_winter\", \"layers\": [{\"name\", \"thickness\" (m),\n"
+      "\"conductivity\", \"density\", \"specific_heat\" (kJ/(kg·K)), \"conductivity_correction\",\n"
+      "\"density_correction\"}], \"U\", \"U_winter\", \"D\", \"decrement\", \"delay_h\"}]. Each element is a wall\n"
+      "as \"qkdb wall\" and \"qkdb thickness\" read it: pass one on as it is.\n"
       "Exit status: 1 no envelope type of that name; 2 a command line or database that cannot be used.");
 }
 
@@ -50,7 +52,8 @@ int WallsCommand::Run() const {
 
   CQKBSDataAdmin admin;
   CLxArray<CQKWallData> walls;
-  admin.GetBSCodeCWallDataAry(type, walls, true, CQKCrXs());
+  const CQKCrXs coefficients;  // inside 8.7, outside 18.6 and 23.0 in winter, W/(m²·K)
+  admin.GetBSCodeCWallDataAry(type, walls, true, coefficients);
 
   nlohmann::ordered_json json = nlohmann::ordered_json::array();
   std::vector<std::vector<std::string>> rows{
@@ -61,10 +64,20 @@ int WallsCommand::Run() const {
     const double d = wall.CalD();
     if (m_json) {
       nlohmann::ordered_json layerList = nlohmann::ordered_json::array();
-      for (int k = 0; k < layers.GetSize(); ++k)
-        layerList.push_back({{"name", layers[k].GetStuffName().ToUtf8()},
-                             {"thickness_mm", AsStored(layers[k].GetThick() * 1000.0)}});
+      for (int k = 0; k < layers.GetSize(); ++k) {
+        CQKTimberingData& layer = layers[k];
+        layerList.push_back({{"name", layer.GetStuffName().ToUtf8()},
+                             {"thickness", layer.GetThick()},
+                             {"conductivity", layer.GetDrXs()},
+                             {"density", layer.GetGMD()},
+                             {"specific_heat", layer.GetBRr()},
+                             {"conductivity_correction", layer.GetDrXsXz()},
+                             {"density_correction", layer.GetTimberData().GMCXz}});
+      }
       json.push_back({{"code", wall.Name.ToUtf8()},
+                      {"inside", coefficients.NHrXs},
+                      {"outside", coefficients.WHrXs},
+                      {"outside_winter", coefficients.DjWHrXs},
                       {"layers", std::move(layerList)},
                       {"U", wall.CrXs},
                       {"U_winter", wall.DjCrXs},

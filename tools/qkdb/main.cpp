@@ -19,6 +19,7 @@
 #include "WallCommand.h"
 #include "WallsCommand.h"
 #include "WeatherCommand.h"
+#include "commands/MaterialsCommand.h"
 
 int main(int argc, char** argv) {
   CLI::App app("The reference database of a building thermal-load design system, from the command line.", "qkdb");
@@ -36,6 +37,7 @@ int main(int argc, char** argv) {
   qkdb::WeatherCommand weather(app);
   qkdb::TreeCommand tree(app);
   qkdb::WallsCommand walls(app);
+  qkdb::MaterialsCommand materials(app);
   qkdb::ImportEpwCommand importEpw(app);
   qkdb::ImportAccessCommand importAccess(app);
 
@@ -62,6 +64,7 @@ int main(int argc, char** argv) {
   if (weather.Chosen()) return weather.Run();
   if (tree.Chosen()) return tree.Run();
   if (walls.Chosen()) return walls.Run();
+  if (materials.Chosen()) return materials.Run();
   if (importEpw.Chosen()) return importEpw.Run();
   if (importAccess.Chosen()) return importAccess.Run();
   std::cerr << app.help();
