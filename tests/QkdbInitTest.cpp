@@ -404,6 +404,26 @@ TEST(QkdbInit, BadDataLeavesTheExistingFileAndNoTemporary) {
   EXPECT_EQ(files, 1);  // ref.db alone: the half-built file is gone
 }
 
+// A construction's name is its key over the whole table: a data row repeating a name would make two
+// materials one, so the build refuses it, naming the row.
+TEST(QkdbInit, AMaterialNameThatRepeatsIsRefusedWithItsRow) {
+  TempDir dir;
+  const fs::path data = dir.path() / "data";
+  fs::copy(QK_DATA_DIR, data);
+  const fs::path file = data / "materials_09j908_3_gudaostudio.csv";
+  std::string text = Slurp(file.string());
+  const std::string eps = "模塑聚苯板 EPS,";
+  ASSERT_NE(text.find(eps), std::string::npos);
+  text.replace(text.find(eps), eps.size(), "钢筋混凝土,");  // the name of a GB 50176-93 row
+  { std::ofstream(file) << text; }
+  ToolRun run = Qkdb("init --data '" + data.string() + "' --db '" + (dir.path() / "ref.db").string() + "'");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(IsOneLine(run.err)) << run.err;
+  EXPECT_NE(run.err.find("materials_09j908_3_gudaostudio.csv:"), std::string::npos) << run.err;
+  EXPECT_NE(run.err.find("\"钢筋混凝土\" is taken"), std::string::npos) << run.err;
+  EXPECT_FALSE(fs::exists(dir.path() / "ref.db"));
+}
+
 TEST(QkdbInit, AMissingFolderIsRefused) {
   TempDir dir;
   EXPECT_EQ(RunQkdb("init --db " + (dir.path() / "no" / "ref.db").string()), 1);

@@ -31,14 +31,6 @@ std::string TypeOf(const std::string& name, const std::string& chapter) {
   }
 }
 
-// EnergyPlus's six roughness classes, numbered from the roughest; 0 when the source gives none.
-int RoughnessCode(const std::string& roughness) {
-  static const std::map<std::string, int> codes = {{"VeryRough", 1},   {"Rough", 2}, {"MediumRough", 3},
-                                                   {"MediumSmooth", 4}, {"Smooth", 5}, {"VerySmooth", 6}};
-  auto found = codes.find(roughness);
-  return found == codes.end() ? 0 : found->second;
-}
-
 // The envelope category (in display order) and type of a handbook construction, by its name's ending.
 struct Placement {
   const char* ending;

@@ -48,7 +48,7 @@ MaterialsCommand::MaterialsCommand(CLI::App& parent) {
       "One line per construction, by type and then ID: ρ density, kg/m³; λ conductivity, W/(m·K); c specific\n"
       "heat, kJ/(kg·K); S24 the heat-storage coefficient for the daily period, W/(m²·K), computed as the wall\n"
       "calculation does: S24 = √(2π·λ·c·ρ / 86.4). An air space has no mass; it shows its thermal\n"
-      "resistance R, m²·K/W, instead of λ, c and S24. \"qkdb tree constructions\" lists the types.\n"
+      "resistance R, m²·K/W, instead of ρ, λ, c and S24. \"qkdb tree constructions\" lists the types.\n"
       "--json: [{\"id\", \"name\", \"type\", \"density_kg_m3\", \"conductivity_w_mk\", \"specific_heat_kj_kgk\",\n"
       "\"s24_w_m2k\", \"thermal_resistance_m2k_w\"}], null where a value does not apply.\n"
       "Exit status: 1 no construction type of that name; 2 a command line or database that cannot be used.");

@@ -2,6 +2,8 @@
 
 #include <charconv>
 #include <cmath>
+#include <map>
+#include <string>
 
 #include "CsvTable.h"
 #include "RowNulls.h"
@@ -31,6 +33,13 @@ void CheckAdded(QKLoad::DBStatusCode status, const std::string& what, const std:
 }
 
 }  // namespace
+
+int RoughnessCode(const std::string& roughness) {
+  static const std::map<std::string, int> codes = {{"VeryRough", 1},   {"Rough", 2}, {"MediumRough", 3},
+                                                   {"MediumSmooth", 4}, {"Smooth", 5}, {"VerySmooth", 6}};
+  auto found = codes.find(roughness);
+  return found == codes.end() ? 0 : found->second;
+}
 
 long CatalogueRows::Category(const std::string& name) {
   if (auto found = m_categories.find(name); found != m_categories.end()) return found->second;

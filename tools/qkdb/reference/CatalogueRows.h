@@ -24,6 +24,10 @@ struct CodeLayer {
   double correction = 1.0;
 };
 
+// EnergyPlus's six roughness classes (VeryRough … VerySmooth), numbered 1 to 6 from the roughest; 0
+// for a text that is none of them (a source that gives no roughness).
+int RoughnessCode(const std::string& roughness);
+
 class CatalogueRows {
  public:
   // db is a connection on the same database, for the category order, which the category record does

@@ -13,14 +13,6 @@ namespace qkdb {
 
 namespace {
 
-// EnergyPlus's six roughness classes, numbered from the roughest; 0 when the source gives none.
-int RoughnessCode(const std::string& roughness) {
-  static const std::map<std::string, int> codes = {{"VeryRough", 1},   {"Rough", 2}, {"MediumRough", 3},
-                                                   {"MediumSmooth", 4}, {"Smooth", 5}, {"VerySmooth", 6}};
-  auto found = codes.find(roughness);
-  return found == codes.end() ? 0 : found->second;
-}
-
 bool LeftOut(const CsvTable& table, std::size_t r) { return table.Field(r, "decision").starts_with("left out"); }
 
 // A positive number of column, or DataError naming the row: a material without it cannot be computed.
