@@ -191,6 +191,49 @@ CREATE TABLE RULoadParam (
 );
 CREATE INDEX RULoadParamRoomUse ON RULoadParam (RUId);
 
+-- Beside the room tables, a table the library does not read (qkdb init fills it; qkdb rooms
+-- --schedules reads it): the hourly schedules of each room use (RUId) as the sources give them, for
+-- hosts that simulate hour by hour. One row per room use, Kind (occupancy, lighting, equipment,
+-- ventilation, heating_setpoint, cooling_setpoint) and DayType (monday … sunday, holiday,
+-- summer_design_day, winter_design_day). Unit: fraction (0 to 1), on_off (0 or 1) or degC. H01 is the
+-- value from 00:00 to 01:00, H24 from 23:00 to 24:00; null where the source's value was not kept
+-- (Note says why). A set-point of -50 °C (heating) or 50 °C (cooling) is the sources' way of saying
+-- the room is not heated or not cooled at that hour.
+CREATE TABLE RoomUseSchedule (
+  ID       INTEGER PRIMARY KEY AUTOINCREMENT,
+  RUId     INTEGER NOT NULL DEFAULT 0,
+  Kind     TEXT NOT NULL DEFAULT '' COLLATE NOCASE,
+  DayType  TEXT NOT NULL DEFAULT '' COLLATE NOCASE,
+  Unit     TEXT NOT NULL DEFAULT '' COLLATE NOCASE,
+  H01      REAL,
+  H02      REAL,
+  H03      REAL,
+  H04      REAL,
+  H05      REAL,
+  H06      REAL,
+  H07      REAL,
+  H08      REAL,
+  H09      REAL,
+  H10      REAL,
+  H11      REAL,
+  H12      REAL,
+  H13      REAL,
+  H14      REAL,
+  H15      REAL,
+  H16      REAL,
+  H17      REAL,
+  H18      REAL,
+  H19      REAL,
+  H20      REAL,
+  H21      REAL,
+  H22      REAL,
+  H23      REAL,
+  H24      REAL,
+  Source   TEXT COLLATE NOCASE,
+  Note     TEXT COLLATE NOCASE
+);
+CREATE INDEX RoomUseScheduleRoomUse ON RoomUseSchedule (RUId);
+
 -- Constructions: construction types, then constructions (TTId = ID of its construction type). A
 -- construction row is a material: the columns are the material's named items, each defaulting to the
 -- material's own default, so a row written with a name alone reads back as a default material.

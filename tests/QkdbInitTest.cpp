@@ -135,7 +135,8 @@ TEST_F(QkdbInitTest, EveryTableHoldsTheRowsOfItsData) {
   // The 15 handbook constructions and the 754 atlas walls.
   EXPECT_EQ(Query("SELECT COUNT(*) FROM BSCode"), std::to_string(15 + DataRows("constructions_09j908_3_gudaostudio.csv")));
   EXPECT_EQ(Query("SELECT COUNT(*) FROM BoundingStructure"), Query("SELECT COUNT(*) FROM BSCode"));
-  EXPECT_EQ(Query("SELECT COUNT(*) FROM RULoadParam"), std::to_string(DataRows("room_types_gb55015.csv")));
+  EXPECT_EQ(Query("SELECT COUNT(*) FROM RULoadParam"),
+            std::to_string(DataRows("room_types_gb55015.csv") + DataRows("room_uses_jgjt449_2018.csv")));
   EXPECT_EQ(Query("PRAGMA integrity_check"), "ok");
 }
 
@@ -175,7 +176,10 @@ TEST_F(QkdbInitTest, WhatTheDataDoesNotGiveIsNull) {
             "0");
   // The standard has no wet-bulb record for 罗甸.
   EXPECT_EQ(Query("SELECT XjKtSwSqWd IS NULL FROM Weather WHERE CId = (SELECT ID FROM City WHERE Name = '黔南州')"), "1");
-  EXPECT_EQ(Query("SELECT COUNT(*) FROM RULoadParam WHERE XinFengL IS NOT NULL OR DongJiSNSJWD IS NOT NULL"), "0");
+  // GB 55015 gives the residential building no set-points and no fresh air per person.
+  EXPECT_EQ(Query("SELECT XinFengL IS NULL AND DongJiSNSJWD IS NULL AND XiaJiSNSJWD IS NULL FROM RULoadParam "
+                  "WHERE RUId = (SELECT ID FROM RoomUse WHERE Name = '居住建筑')"),
+            "1");
 }
 
 TEST_F(QkdbInitTest, DoubtfulValuesAreLeftOut) {

@@ -144,7 +144,8 @@ std::string SeedSql() {
          "INSERT INTO BoundingStructure (BSCId, TIdS, HouDuS, XzXsS) VALUES (1, '2,1,2', '" + Exact(kPlasterMm) +
          "," + Exact(kBrickMm) + "," + Exact(kPlasterMm) + "', '1,1,1'), (2, '1', '370', '1');"
          "INSERT INTO RoomType (Name) VALUES ('办公建筑');"
-         "INSERT INTO RoomUse (RTId, Name) VALUES (1, '办公室'), (1, '会议室');";
+         "INSERT INTO RoomUse (RTId, Name) VALUES (1, '办公室'), (1, '会议室');"
+         "INSERT INTO RULoadParam (RUId, DongJiSNSJXDSD, ZhaoMingBZ, LaoDongQD) VALUES (1, 55, 9, 2);";
 }
 
 class QkdbReadCommands : public testing::Test {
@@ -551,6 +552,23 @@ TEST_F(QkdbReadCommands, MaterialsOfATypeAndBySearch) {
 }
 
 TEST_F(QkdbReadCommands, MaterialsOfAnUnknownTypeIsRefused) { ExpectRefused(Run("materials --type 玻璃"), 1); }
+
+// --- rooms -----------------------------------------------------------------------------------------
+
+TEST_F(QkdbReadCommands, RoomsShowsTheLabourIntensityByItsIdAndNameAndHumidityInPercent) {
+  const json office = Json("rooms 办公室");
+  EXPECT_EQ(office["LaoDongQD"], 2);
+  EXPECT_EQ(office["LaoDongQDName"], "轻度劳动");  // 2 is the third of 静坐, 极轻劳动, 轻度劳动, 中等劳动, 重度劳动
+  EXPECT_EQ(office["DongJiSNSJXDSD"], 55.0);      // stored in percent, held as a fraction, shown in percent
+  EXPECT_EQ(office["ZhaoMingBZ"], 9.0);
+  EXPECT_TRUE(office["DongJiSNSJWD"].is_null());  // not the value class's default of 20 °C
+  ToolRun text = Run("rooms 办公室");
+  ASSERT_EQ(text.status, 0) << text.err;
+  EXPECT_NE(text.out.find("2 (轻度劳动)"), std::string::npos) << text.out;
+  EXPECT_NE(text.out.find("55 %"), std::string::npos) << text.out;
+}
+
+TEST_F(QkdbReadCommands, ARoomUseWithoutParametersIsSaidSo) { ExpectRefused(Run("rooms 会议室"), 1); }
 
 TEST_F(QkdbReadCommands, WallsOfAnUnknownTypeIsRefused) {
   ToolRun run = Run("walls --type 玻璃幕墙");

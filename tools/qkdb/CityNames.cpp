@@ -1,9 +1,8 @@
 #include "CityNames.h"
 
-#include <algorithm>
 #include <map>
-#include <set>
 
+#include "NearNames.h"
 #include "geography/CQKCity.h"
 #include "tablekit/CADORecordset.h"
 #include "weather/CQKWeatherDataAdmin.h"
@@ -11,30 +10,6 @@
 namespace qkdb {
 
 namespace {
-
-// Latin letters folded to lower case, as the tables' NOCASE collation compares them.
-std::wstring Folded(const CString& text) {
-  std::wstring folded(text.GetString());
-  for (wchar_t& c : folded)
-    if (c >= L'A' && c <= L'Z') c = static_cast<wchar_t>(c - L'A' + L'a');
-  return folded;
-}
-
-// Edits (insert, delete, replace one character) that turn a into b.
-std::size_t EditDistance(const std::wstring& a, const std::wstring& b) {
-  std::vector<std::size_t> row(b.size() + 1);
-  for (std::size_t j = 0; j <= b.size(); ++j) row[j] = j;
-  for (std::size_t i = 1; i <= a.size(); ++i) {
-    std::size_t diagonal = row[0];
-    row[0] = i;
-    for (std::size_t j = 1; j <= b.size(); ++j) {
-      const std::size_t above = row[j];
-      row[j] = std::min({row[j] + 1, row[j - 1] + 1, diagonal + (a[i - 1] == b[j - 1] ? 0 : 1)});
-      diagonal = above;
-    }
-  }
-  return row[b.size()];
-}
 
 struct KnownName {
   long cityId;
@@ -101,17 +76,9 @@ CityByName FindCity(const std::string& name) {
   if (found.ambiguous) return found;
 
   // The nearest names: the fewest edits, and no more than half the typed name's length.
-  std::size_t best = std::max<std::size_t>(1, typed.size() / 2);
-  std::set<std::string> nearest;
-  for (const KnownName& n : names) {
-    const std::size_t d = EditDistance(typed, Folded(n.name));
-    if (d > best) continue;
-    if (d < best) nearest.clear();
-    best = d;
-    nearest.insert(Shown(n));
-  }
-  for (const std::string& n : nearest)
-    if (found.candidates.size() < 5) found.candidates.push_back(n);
+  std::vector<Candidate> candidates;
+  for (const KnownName& n : names) candidates.push_back({n.name, Shown(n)});
+  for (const std::string& n : NearestNames(CString::FromUtf8(name), candidates)) found.candidates.push_back(n);
   return found;
 }
 

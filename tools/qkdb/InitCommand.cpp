@@ -16,6 +16,7 @@
 #include "RoomLoader.h"
 #include "SqliteFile.h"
 #include "reference/CityAliases.h"
+#include "reference/RoomSchedules.h"
 #include "mfc/CString.h"
 #include "tablekit/CADODatabase.h"
 #include "tablekit/CADORecordset.h"
@@ -42,7 +43,7 @@ void ReportCounts(CADODatabase& db) {
   static const char* const tables[] = {"Country",   "Province",      "City",          "Weather",
                                        "WeatherFileSource", "CityAlias", "TimberingType", "Timbering",
                                        "BSCategory", "BSType",   "BSCode",        "BoundingStructure",
-                                       "RoomType",  "RoomUse",       "RULoadParam"};
+                                       "RoomType",  "RoomUse",       "RULoadParam", "RoomUseSchedule"};
   for (const char* table : tables) {
     CADORecordset rs(&db);
     long count = -1;
@@ -101,10 +102,11 @@ int InitCommand::Run() const {
       throw DataError("cannot open " + building.Path() + ": " + db.GetLastError().ToUtf8());
     db.Execute(L"PRAGMA synchronous = OFF");
     const Places places = LoadPlaces(data, db);
-    SqliteFile aliases(building.Path());
-    LoadCityAliases(data, aliases, places.cityOf, places.files);
+    // The tables beside the library's, which no record class writes, go in on a connection of their own.
+    SqliteFile beside(building.Path());
+    LoadCityAliases(data, beside, places.cityOf, places.files);
     LoadCatalogue(data, db);
-    LoadRooms(data, db);
+    LoadRoomSchedules(data, beside, LoadRooms(data, db));
     std::printf("Built %s from %s:\n", path.c_str(), data.string().c_str());
     ReportCounts(db);
     db.Close();

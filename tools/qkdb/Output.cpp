@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
@@ -29,8 +30,13 @@ double AsStored(double v) {
 }
 
 std::string Number(double v) {
-  char text[32];
-  const auto end = std::to_chars(text, text + sizeof text, v).ptr;
+  char text[64];
+  // Plain decimals where an engineer reads them ("0.0003", not "3e-04"); an exponent only for values
+  // whose plain form would be long.
+  const double size = std::fabs(v);
+  const bool plain = size == 0.0 || (size >= 1e-6 && size < 1e15);
+  const auto end = plain ? std::to_chars(text, text + sizeof text, v, std::chars_format::fixed).ptr
+                         : std::to_chars(text, text + sizeof text, v).ptr;
   return std::string(text, end);
 }
 

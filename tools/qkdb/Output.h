@@ -23,7 +23,8 @@ int OpenChosenDatabase(const std::string& dbOption);
 // 58 % reads back as 57.99999999999999. Fifteen digits are what a double holds exactly in decimal, so
 // rounding there gives the stored decimal back.
 double AsStored(double v);
-// The shortest text that reads back as v ("58", "1013.3", "0.0625").
+// The shortest text that reads back as v ("58", "1013.3", "0.0003"), without an exponent unless v
+// is below 1e-6 or above 1e15 in size.
 std::string Number(double v);
 // v with a fixed number of decimals ("113.6500").
 std::string Fixed(double v, int decimals);

@@ -30,8 +30,10 @@ std::vector<std::vector<std::string>> SqliteFile::Rows(const std::string& sql, c
     const int at = static_cast<int>(i + 1);
     if (const auto* text = std::get_if<std::string>(&values[i]))
       sqlite3_bind_text(stmt, at, text->c_str(), -1, SQLITE_TRANSIENT);
+    else if (const auto* number = std::get_if<double>(&values[i]))
+      sqlite3_bind_double(stmt, at, *number);
     else
-      sqlite3_bind_double(stmt, at, std::get<double>(values[i]));
+      sqlite3_bind_null(stmt, at);
   }
   std::vector<std::vector<std::string>> rows;
   int rc = SQLITE_ROW;

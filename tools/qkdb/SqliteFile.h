@@ -14,9 +14,9 @@ namespace qkdb {
 
 class SqliteFile {
  public:
-  // A parameter bound to a statement: texts as texts, numbers as numbers (SQLite compares a number with
-  // a text by type, not by value).
-  using Value = std::variant<std::string, double>;
+  // A parameter bound to a statement: null (the default), texts as texts, numbers as numbers (SQLite
+  // compares a number with a text by type, not by value).
+  using Value = std::variant<std::monostate, std::string, double>;
 
   // Opens the existing database at path, for reading and writing unless readOnly.
   explicit SqliteFile(const std::string& path, bool readOnly = false);

@@ -13,6 +13,7 @@
 #include "CityNames.h"
 #include "GreatCircle.h"
 #include "Output.h"
+#include "RowItems.h"
 #include "WeatherItems.h"
 #include "geography/CQKCity.h"
 #include "geography/CQKCountry.h"
@@ -64,40 +65,6 @@ Place PlaceOfCity(long cityId) {
   CQKCountry country;
   if (country.ReadData(province.CId)) place.country = country.Name.ToUtf8();
   return place;
-}
-
-// Which of columns are NULL in the weather row rowId. The value class keeps its default for a NULL
-// number and reads NULL text as "", so only the table can tell. Empty when the row cannot be read.
-std::vector<bool> NullColumns(CQKWeather& weather, long rowId, const std::vector<CString>& columns) {
-  CString sql = L"select ";
-  for (std::size_t i = 0; i < columns.size(); ++i)
-    sql += CString(i == 0 ? L"" : L", ") + L"case when [" + columns[i] + L"] is null then 1 else 0 end";
-  CString where;
-  where.Format(L" from [%s] where ID=%ld", weather.GetTableName().GetString(), rowId);
-  sql += where;
-  CADORecordset rs;
-  if (!weather.ExecSql(sql, &rs, nullptr) || rs.IsEOF()) return {};
-  std::vector<bool> nulls(columns.size());
-  for (std::size_t i = 0; i < columns.size(); ++i) {
-    int isNull = 0;
-    rs.GetFieldValue(static_cast<int>(i), isNull);
-    nulls[i] = isNull != 0;
-  }
-  return nulls;
-}
-
-// The named items of weather, each the column of its row of the same name, in the table's units (the
-// value class's named exchange converts Pa and fractions back to hPa and percent); null for what the
-// row leaves NULL. False when the row cannot be read.
-bool RowItems(CQKWeather& weather, ordered_json& items) {
-  items = NamedItems(weather);
-  std::vector<CString> names;
-  for (const auto& [name, value] : items.items()) names.push_back(CString::FromUtf8(name));
-  const std::vector<bool> nulls = NullColumns(weather, weather.GetID(), names);
-  if (nulls.size() != names.size()) return false;
-  for (std::size_t i = 0; i < names.size(); ++i)
-    if (nulls[i]) items[names[i].ToUtf8()] = nullptr;
-  return true;
 }
 
 // What the command answers: the climate's items, the place whose climate it is, what is said before
@@ -202,7 +169,7 @@ int ClimateOfCity(long cityId, const std::string& alias, bool json) {
   if (weather.GetID() == 0) return Tell(1, "no climate stored for " + asked.city + " (" + asked.province + ")");
 
   Answer answer;
-  if (!RowItems(weather, answer.items)) return Tell(1, "cannot read the weather row of " + asked.city);
+  if (!RowItems(weather, weather, answer.items)) return Tell(1, "cannot read the weather row of " + asked.city);
   answer.place = {weather.CId, weather.CityName.ToUtf8(), weather.ProvinceName.ToUtf8(),
                   weather.CountryName.ToUtf8()};
   answer.heading.push_back(asked.Text() + (alias.empty() ? "" : ", found by its other name " + alias));
@@ -251,7 +218,7 @@ int ClimateNear(double lon, double lat, bool json) {
 
   Answer answer;
   answer.place = PlaceOfCity(weather.CId);
-  if (!RowItems(weather, answer.items)) return Tell(1, "cannot read the weather row of " + answer.place.city);
+  if (!RowItems(weather, weather, answer.items)) return Tell(1, "cannot read the weather row of " + answer.place.city);
   const double km = RoundKm(GreatCircleKm(lon * kRadiansPerDegree, lat * kRadiansPerDegree, weather.JD, weather.WD));
   answer.heading.push_back("Nearest city with a weather file to " + point + ": " + answer.place.Text() + ", " +
                            Fixed(km, 1) + " km away");

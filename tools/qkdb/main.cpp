@@ -20,6 +20,7 @@
 #include "WallsCommand.h"
 #include "WeatherCommand.h"
 #include "commands/MaterialsCommand.h"
+#include "commands/RoomsCommand.h"
 
 int main(int argc, char** argv) {
   CLI::App app("The reference database of a building thermal-load design system, from the command line.", "qkdb");
@@ -38,6 +39,7 @@ int main(int argc, char** argv) {
   qkdb::TreeCommand tree(app);
   qkdb::WallsCommand walls(app);
   qkdb::MaterialsCommand materials(app);
+  qkdb::RoomsCommand rooms(app);
   qkdb::ImportEpwCommand importEpw(app);
   qkdb::ImportAccessCommand importAccess(app);
 
@@ -65,6 +67,7 @@ int main(int argc, char** argv) {
   if (tree.Chosen()) return tree.Run();
   if (walls.Chosen()) return walls.Run();
   if (materials.Chosen()) return materials.Run();
+  if (rooms.Chosen()) return rooms.Run();
   if (importEpw.Chosen()) return importEpw.Run();
   if (importAccess.Chosen()) return importAccess.Run();
   std::cerr << app.help();
