@@ -85,7 +85,8 @@ void PrintList(const std::vector<std::string>& types, const std::vector<RoomUse>
 // The value of an item as text with its unit; "—" for null.
 std::string Shown(const Item& item, const ordered_json& value, const std::string& labour) {
   if (value.is_null()) return "—";
-  if (std::string(item.name) == "LaoDongQD") return std::to_string(value.get<int>()) + " (" + labour + ")";
+  if (std::string(item.name) == "LaoDongQD")
+    return std::to_string(value.get<int>()) + (labour.empty() ? "" : " (" + labour + ")");
   const std::string number = value.is_number_integer() ? std::to_string(value.get<long>()) : Number(AsStored(value.get<double>()));
   return *item.unit ? number + " " + item.unit : number;
 }
@@ -124,6 +125,49 @@ void PrintSchedules(const ordered_json& schedules) {
     rows.push_back(std::move(row));
   }
   PrintColumns(std::cout, rows);
+}
+
+// Prints one room use's load parameters (and hourly schedules): the exit status.
+int Show(const RoomUse& use, bool withSchedules, bool json) {
+  CQKRULoadParam load;
+  ordered_json items;
+  if (!load.ReadDataByRUId(static_cast<int>(use.id)) || !RowItems(load, load, items))
+    return Tell(1, use.type + " " + use.name + " has no load parameters");
+  // The value holds humidities as fractions: the percent it writes may be a last bit off the stored
+  // decimal (55 % reads back as 55.00000000000001).
+  for (const char* humidity : {"DongJiSNSJXDSD", "XiaJiSNSJXDSD"})
+    if (items[humidity].is_number()) items[humidity] = AsStored(items[humidity].get<double>());
+  std::string labour;
+  if (!items["LaoDongQD"].is_null()) {
+    CString name;
+    if (CQKRULoadParam::LDQDId2Name(static_cast<QKLoad::EQKLdQdType>(items["LaoDongQD"].get<int>()), name))
+      labour = name.ToUtf8();
+  }
+  ordered_json schedules;
+  const bool haveSchedules = withSchedules && Schedules(load, use.id, schedules);
+
+  if (json) {
+    ordered_json out{{"RoomType", use.type}, {"RoomUse", use.name}};
+    for (const auto& [name, value] : items.items()) out[name] = value;
+    out["LaoDongQDName"] = labour.empty() ? ordered_json() : ordered_json(labour);
+    if (withSchedules) out["Schedules"] = haveSchedules ? schedules : ordered_json();
+    std::cout << out.dump(2) << '\n';
+    return 0;
+  }
+  std::cout << use.type << " / " << use.name << "\n\n";
+  std::vector<std::vector<std::string>> rows;
+  for (const Item& item : kItems) rows.push_back({item.label, Shown(item, items[item.name], labour), item.name});
+  PrintColumns(std::cout, rows);
+  if (withSchedules) {
+    std::cout << '\n';
+    if (!haveSchedules)
+      std::cout << "This database keeps no hourly schedules.\n";
+    else if (schedules.empty())
+      std::cout << "No hourly schedules for this room use.\n";
+    else
+      PrintSchedules(schedules);
+  }
+  return 0;
 }
 
 }  // namespace
@@ -187,46 +231,7 @@ int RoomsCommand::Run() const {
     return Tell(1, message + "; choose one with --type");
   }
 
-  const RoomUse& use = found.front();
-  CQKRULoadParam load;
-  ordered_json items;
-  if (!load.ReadDataByRUId(static_cast<int>(use.id)) || !RowItems(load, load, items))
-    return Tell(1, use.type + " " + use.name + " has no load parameters");
-  // The value holds humidities as fractions: the percent it writes may be a last bit off the stored
-  // decimal (55 % reads back as 55.00000000000001).
-  for (const char* humidity : {"DongJiSNSJXDSD", "XiaJiSNSJXDSD"})
-    if (items[humidity].is_number()) items[humidity] = AsStored(items[humidity].get<double>());
-  std::string labour;
-  if (!items["LaoDongQD"].is_null()) {
-    CString name;
-    if (CQKRULoadParam::LDQDId2Name(static_cast<QKLoad::EQKLdQdType>(items["LaoDongQD"].get<int>()), name))
-      labour = name.ToUtf8();
-  }
-  ordered_json schedules;
-  const bool haveSchedules = m_schedules && Schedules(load, use.id, schedules);
-
-  if (m_json) {
-    ordered_json out{{"RoomType", use.type}, {"RoomUse", use.name}};
-    for (const auto& [name, value] : items.items()) out[name] = value;
-    out["LaoDongQDName"] = labour.empty() ? ordered_json() : ordered_json(labour);
-    if (m_schedules) out["Schedules"] = haveSchedules ? schedules : ordered_json();
-    std::cout << out.dump(2) << '\n';
-    return 0;
-  }
-  std::cout << use.type << " / " << use.name << "\n\n";
-  std::vector<std::vector<std::string>> rows;
-  for (const Item& item : kItems) rows.push_back({item.label, Shown(item, items[item.name], labour), item.name});
-  PrintColumns(std::cout, rows);
-  if (m_schedules) {
-    std::cout << '\n';
-    if (!haveSchedules)
-      std::cout << "This database keeps no hourly schedules.\n";
-    else if (schedules.empty())
-      std::cout << "No hourly schedules for this room use.\n";
-    else
-      PrintSchedules(schedules);
-  }
-  return 0;
+  return Show(found.front(), m_schedules, m_json);
 }
 
 }  // namespace qkdb
