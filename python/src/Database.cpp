@@ -1,0 +1,204 @@
+#include "Database.h"
+
+#include <dlfcn.h>
+#include <pybind11/stl.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "CsvTable.h"
+#include "Errors.h"
+#include "ReferenceDatabase.h"
+#include "WeatherAnswer.h"
+#include "binding/ReferenceTables.h"
+#include "tablekit/CADODatabase.h"
+#include "construction/CQKTimbering.h"
+#include "envelope/CQKBSDataAdmin.h"
+#include "rooms/CQKRoomUseDataAdmin.h"
+#include "weather/CQKWeatherDataAdmin.h"
+
+namespace py = pybind11;
+namespace fs = std::filesystem;
+
+namespace qkdbpy {
+
+namespace {
+
+// JSON of the tool's answers as Python objects (dict, list, str, float, int, bool, None).
+py::object ToPython(const nlohmann::ordered_json& json) {
+  return py::module_::import("json").attr("loads")(json.dump());
+}
+
+// This module's file: the shipped database is found relative to it, as qkdb finds it relative to itself.
+const int kInThisModule = 0;
+
+fs::path ModuleFile() {
+  Dl_info info{};
+  dladdr(&kInThisModule, &info);
+  return info.dli_fname ? fs::path(info.dli_fname) : fs::path();
+}
+
+// share/QKModelDataBase/reference.db: in the build tree two folders above python/qkdb/, installed four
+// above lib/python3/dist-packages/qkdb/. The installed place when neither exists, for the message.
+std::string ShippedDatabase() {
+  const fs::path here = ModuleFile().parent_path();
+  for (const char* up : {"../..", "../../../.."}) {
+    const fs::path candidate = (here / up / "share/QKModelDataBase/reference.db").lexically_normal();
+    std::error_code ec;
+    if (fs::exists(candidate, ec)) return candidate.string();
+  }
+  return (here / "../../../../share/QKModelDataBase/reference.db").lexically_normal().string();
+}
+
+// The record classes are bound class-wide: one database at a time for the whole process. A Database
+// remembers its own and binds it again before a call when another was opened since.
+std::string g_bound;
+
+class Database {
+ public:
+  explicit Database(const std::optional<std::string>& path) {
+    const char* env = std::getenv("QKDB_DATABASE");
+    m_path = path ? *path : env && *env ? std::string(env) : ShippedDatabase();
+    Use();
+  }
+
+  const std::string& Path() const { return m_path; }
+
+  void Use() const {
+    if (g_bound == m_path) return;
+    // Each class keeps the connection it opened and opens another only when it finds it closed: close
+    // them, so that every class reads the database bound next.
+    ForEachRecordClass([]<typename Record>(const wchar_t*) {
+      if (Record::m_pADODatabase) Record::m_pADODatabase->Close();
+    });
+    g_bound.clear();
+    const std::string problem = qkdb::OpenForReading(m_path);
+    if (!problem.empty()) throw py::value_error(problem);
+    g_bound = m_path;
+  }
+
+  py::object Weather(const std::optional<std::string>& name, const std::optional<long>& cityId,
+                     const std::optional<std::pair<double, double>>& near) const {
+    if (name.has_value() + cityId.has_value() + near.has_value() != 1)
+      throw py::value_error("give exactly one of a name, city_id and near");
+    if (near && (!(std::abs(near->first) <= 180.0) || !(std::abs(near->second) <= 90.0)))
+      throw py::value_error("near takes (longitude, latitude) in degrees east and north");
+    Use();
+    const qkdb::WeatherAnswer answer = near   ? qkdb::ClimateNear(near->first, near->second)
+                                       : name ? qkdb::ClimateByName(*name)
+                                              : qkdb::ClimateById(*cityId);
+    if (!answer.refused.empty()) throw NotFound(answer.refused);
+    return ToPython(answer.json);
+  }
+
+  py::list Cities() const {
+    Use();
+    CQKWeatherDataAdmin admin;
+    py::list out;
+    const auto* root = admin.GetCityNodes(1, false);
+    for (int c = 0; root && c < root->arrChild.GetSize(); ++c)
+      for (int p = 0; p < root->arrChild[c]->arrChild.GetSize(); ++p) {
+        const auto* province = root->arrChild[c]->arrChild[p];
+        for (int i = 0; i < province->arrChild.GetSize(); ++i)
+          out.append(py::dict(py::arg("id") = province->arrChild[i]->nId,
+                              py::arg("name") = province->arrChild[i]->strName.ToUtf8(),
+                              py::arg("province") = province->strName.ToUtf8(),
+                              py::arg("country") = root->arrChild[c]->strName.ToUtf8()));
+      }
+    return out;
+  }
+
+  py::list Tree(const std::string& which) const {
+    Use();
+    if (which == "weather") {
+      CQKWeatherDataAdmin admin;
+      return Children(admin.GetCityNodes(1, false));
+    }
+    if (which == "envelope") {
+      CQKBSDataAdmin admin;
+      py::list categories = Children(admin.GetBSNodes(1));
+      // The tree stops at the types; the codes are the walls the admin makes of a type.
+      for (py::handle category : categories)
+        for (py::handle type : category["children"].cast<py::list>()) {
+          CQKBSType t;
+          t.SetID(type["id"].cast<long>());
+          CLxArray<CQKWallData> walls;
+          admin.GetBSCodeCWallDataAry(t, walls, false, CQKCrXs());
+          py::list codes;
+          for (int i = 0; i < walls.GetSize(); ++i)
+            codes.append(py::dict(py::arg("name") = walls[i].Name.ToUtf8(), py::arg("id") = walls[i].ID,
+                                  py::arg("children") = py::list()));
+          type["children"] = codes;
+        }
+      return categories;
+    }
+    if (which == "constructions") {
+      CQKBSDataAdmin admin;
+      return Children(admin.GetTimbNodes(1));
+    }
+    if (which == "rooms") {
+      CQKRoomUseDataAdmin admin;
+      return Children(admin.GetRoomUseNodes(1));
+    }
+    throw py::value_error("tree takes \"weather\", \"envelope\", \"constructions\" or \"rooms\", not \"" + which + "\"");
+  }
+
+  // The codes of an envelope type, each with its layers as the wall calculation takes them.
+  py::list Walls(const std::string& typeName) const {
+    Use();
+    CQKBSType type;
+    type.Name = CString::FromUtf8(typeName);
+    if (type.IsExist(nullptr) != QKLoad::DBS_EXIST) throw NotFound("no envelope type named \"" + typeName + "\"");
+    CQKBSDataAdmin admin;
+    CLxArray<CQKWallData> walls;
+    const CQKCrXs coefficients;
+    admin.GetBSCodeCWallDataAry(type, walls, false, coefficients);
+    py::list out;
+    for (int i = 0; i < walls.GetSize(); ++i) {
+      CLxArray<CQKTimberingData> layers = walls[i].GetTimbering();
+      py::list list;
+      for (int k = 0; k < layers.GetSize(); ++k) {
+        CQKTimberingData& layer = layers[k];
+        list.append(py::dict(py::arg("name") = layer.GetStuffName().ToUtf8(), py::arg("thickness") = layer.GetThick(),
+                             py::arg("conductivity") = layer.GetDrXs(), py::arg("density") = layer.GetGMD(),
+                             py::arg("specific_heat") = layer.GetBRr(),
+                             py::arg("conductivity_correction") = layer.GetDrXsXz(),
+                             py::arg("density_correction") = layer.GetTimberData().GMCXz));
+      }
+      out.append(py::dict(py::arg("code") = walls[i].Name.ToUtf8(), py::arg("inside") = coefficients.NHrXs,
+                          py::arg("outside") = coefficients.WHrXs, py::arg("outside_winter") = coefficients.DjWHrXs,
+                          py::arg("layers") = list));
+    }
+    return out;
+  }
+
+ private:
+  template <class Node>
+  static py::list Children(const Node* node) {
+    py::list out;
+    for (int i = 0; node && i < node->arrChild.GetSize(); ++i)
+      out.append(py::dict(py::arg("name") = node->arrChild[i]->strName.ToUtf8(), py::arg("id") = node->arrChild[i]->nId,
+                          py::arg("children") = Children(node->arrChild[i])));
+    return out;
+  }
+
+  std::string m_path;
+};
+
+}  // namespace
+
+void DefineDatabase(py::module_& m) {
+  py::class_<Database>(m, "_Database")
+      .def(py::init<const std::optional<std::string>&>(), py::arg("path") = std::nullopt)
+      .def_property_readonly("path", &Database::Path)
+      .def("weather", &Database::Weather, py::arg("name") = std::nullopt, py::arg("city_id") = std::nullopt,
+           py::arg("near") = std::nullopt)
+      .def("cities", &Database::Cities)
+      .def("tree", &Database::Tree, py::arg("which"))
+      .def("walls", &Database::Walls, py::arg("type_name"));
+}
+
+}  // namespace qkdbpy
