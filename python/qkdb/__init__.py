@@ -235,6 +235,36 @@ class Database:
         return [Wall(w["layers"], w["inside"], w["outside"], w["outside_winter"], code=w["code"])
                 for w in self._db.walls(type_name)]
 
+    def materials(self, search: Optional[str] = None, type: Optional[str] = None) -> list:  # noqa: A002
+        """The catalogue's constructions (each a material): dicts with id, name, type, density_kg_m3,
+        conductivity_w_mk, specific_heat_kj_kgk and s24_w_m2k (the heat-storage coefficient for the daily
+        period, W/(m²·K), as the wall calculation derives it), and thermal_resistance_m2k_w for an air
+        space (which has no mass; its other values are None). ``search`` keeps the names holding a text
+        (Latin letters in any case), ``type`` one construction type (LookupError when there is none)."""
+        return self._db.materials(search, type)
+
+    def rooms(self, type: Optional[str] = None) -> list:  # noqa: A002
+        """The room types with their room uses: [{"RoomType", "RoomUses": [{"ID", "RoomUse"}]}]; of one
+        room type when ``type`` is given (LookupError when there is none)."""
+        return self._db.rooms(type)
+
+    def room(self, name: str, type: Optional[str] = None, schedules: bool = False) -> dict:  # noqa: A002
+        """One room use's load parameters, keyed by the load-parameter table's item names, None where no
+        source gives one, plus RoomType, RoomUse and LaoDongQDName (the labour intensity's name):
+
+        - DongJiSNSJWD / XiaJiSNSJWD: winter / summer indoor design temperature, °C;
+        - DongJiSNSJXDSD / XiaJiSNSJXDSD: winter / summer indoor relative humidity, %;
+        - RenYuanMD: floor area per person, m²/person; ZhaoMingBZ, SheBeiBZ: lighting and equipment
+          power density, W/m²; XinFengL: fresh air per person, m³/(h·person);
+        - ShenTouL: infiltration, m³/s per m² of exterior surface; LaoDongQD: labour intensity id 0..4;
+        - ZaoYin: noise, dB(A); ZongLengZB … XinFengRZB: load indices, W/m².
+
+        With ``schedules`` also "Schedules": the hourly schedules ([{"kind", "day_type", "unit",
+        "hours"}], hour 1 = 00:00–01:00), or None when the database keeps none. A name used in several
+        room types needs ``type``. LookupError with the tool's message (the nearest names) when there is
+        no such room use."""
+        return self._db.room(name, type, schedules)
+
     def plot_climate(self, cities: Iterable[str], ax=None):
         """Compares the design temperatures of several cities in one bar chart; returns the axes.
         Needs matplotlib."""

@@ -12,6 +12,8 @@
 #include "CsvTable.h"
 #include "Errors.h"
 #include "ReferenceDatabase.h"
+#include "MaterialsAnswer.h"
+#include "RoomAnswer.h"
 #include "WeatherAnswer.h"
 #include "binding/ReferenceTables.h"
 #include "tablekit/CADODatabase.h"
@@ -146,6 +148,27 @@ class Database {
     throw py::value_error("tree takes \"weather\", \"envelope\", \"constructions\" or \"rooms\", not \"" + which + "\"");
   }
 
+  py::object Materials(const std::optional<std::string>& search, const std::optional<std::string>& type) const {
+    Use();
+    const qkdb::MaterialsAnswer answer = qkdb::Materials(type.value_or(""), search.value_or(""));
+    if (!answer.refused.empty()) throw NotFound(answer.refused);
+    return ToPython(answer.json);
+  }
+
+  py::object Rooms(const std::optional<std::string>& type) const {
+    Use();
+    const qkdb::RoomAnswer answer = qkdb::RoomUses(type.value_or(""));
+    if (!answer.refused.empty()) throw NotFound(answer.refused);
+    return ToPython(answer.json);
+  }
+
+  py::object Room(const std::string& name, const std::optional<std::string>& type, bool schedules) const {
+    Use();
+    const qkdb::RoomAnswer answer = qkdb::RoomUseParameters(name, type.value_or(""), schedules);
+    if (!answer.refused.empty()) throw NotFound(answer.refused);
+    return ToPython(answer.json);
+  }
+
   // The codes of an envelope type, each with its layers as the wall calculation takes them.
   py::list Walls(const std::string& typeName) const {
     Use();
@@ -198,7 +221,10 @@ void DefineDatabase(py::module_& m) {
            py::arg("near") = std::nullopt)
       .def("cities", &Database::Cities)
       .def("tree", &Database::Tree, py::arg("which"))
-      .def("walls", &Database::Walls, py::arg("type_name"));
+      .def("walls", &Database::Walls, py::arg("type_name"))
+      .def("materials", &Database::Materials, py::arg("search") = std::nullopt, py::arg("type") = std::nullopt)
+      .def("rooms", &Database::Rooms, py::arg("type") = std::nullopt)
+      .def("room", &Database::Room, py::arg("name"), py::arg("type") = std::nullopt, py::arg("schedules") = false);
 }
 
 }  // namespace qkdbpy

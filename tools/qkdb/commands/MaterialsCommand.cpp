@@ -5,38 +5,10 @@
 #include <nlohmann/json.hpp>
 #include <vector>
 
+#include "MaterialsAnswer.h"
 #include "Output.h"
-#include "construction/CQKTimbering.h"
-#include "construction/tagQKTIMBERINGCHARACTER.h"
-#include "envelope/CQKBSDataAdmin.h"
 
 namespace qkdb {
-
-namespace {
-
-// Latin letters in lower case, everything else (Chinese included) as it is: "eps" finds "EPS".
-std::string Folded(std::string text) {
-  for (char& c : text)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  return text;
-}
-
-// A construction without heat capacity is an air space: its conductivity field holds the conductance
-// 1/R, W/(m²·K), which is how the wall calculation reads it.
-bool IsAirSpace(const CQKTimbering& c) { return c.GetGMD() * c.GetBRr() == 0.0; }
-
-// S24 as the wall calculation computes it for a layer of this material without corrections.
-double HeatStorage(const CQKTimbering& c) {
-  tagQKTIMBERINGCHARACTER layer;
-  layer.DrXs = c.GetDrXs();
-  layer.GMD = c.GetGMD();
-  layer.BRr = c.GetBRr();
-  layer.DrXsXz = 1.0;
-  layer.GMCXz = 1.0;
-  return layer.GetS();
-}
-
-}  // namespace
 
 MaterialsCommand::MaterialsCommand(CLI::App& parent) {
   m_app = parent.add_subcommand("materials", "List the catalogue's constructions (materials) with their properties");
@@ -58,50 +30,29 @@ bool MaterialsCommand::Chosen() const { return m_app->parsed(); }
 
 int MaterialsCommand::Run() const {
   if (const int status = OpenChosenDatabase(m_db)) return status;
-  CQKBSDataAdmin admin;
-  const CQKBSDataAdmin::tagTimbNode* root = admin.GetTimbNodes(1);
-  const std::string search = Folded(m_search);
-
-  bool typeFound = m_type.empty();
-  nlohmann::ordered_json json = nlohmann::ordered_json::array();
+  const MaterialsAnswer answer = Materials(m_type, m_search);
+  if (!answer.refused.empty()) return Tell(1, answer.refused);
+  if (m_json) {
+    std::cout << answer.json.dump(2) << '\n';
+    return 0;
+  }
+  if (answer.json.empty()) {
+    std::cout << "no construction matches\n";
+    return 0;
+  }
   std::vector<std::vector<std::string>> rows{
       {"ID", "Name", "Type", "ρ kg/m³", "λ W/(m·K)", "c kJ/(kg·K)", "S24 W/(m²·K)", "R m²·K/W"}};
-  for (int t = 0; root && t < root->arrChild.GetSize(); ++t) {
-    const CQKBSDataAdmin::tagTimbNode* type = root->arrChild[t];
-    const std::string typeName = type->strName.ToUtf8();
-    if (!m_type.empty() && typeName != m_type) continue;
-    typeFound = true;
-    for (int i = 0; i < type->arrChild.GetSize(); ++i) {
-      const CQKBSDataAdmin::tagTimbNode* node = type->arrChild[i];
-      if (!search.empty() && Folded(node->strName.ToUtf8()).find(search) == std::string::npos) continue;
-      CQKTimbering c;
-      if (!c.ReadData(node->nId)) return Tell(2, "cannot read the construction with ID " + std::to_string(node->nId));
-      const bool air = IsAirSpace(c);
-      const double s = HeatStorage(c);
-      if (m_json) {
-        nlohmann::ordered_json item = {{"id", node->nId}, {"name", c.GetStuffName().ToUtf8()}, {"type", typeName}};
-        item["density_kg_m3"] = air ? nlohmann::ordered_json() : nlohmann::ordered_json(c.GetGMD());
-        item["conductivity_w_mk"] = air ? nlohmann::ordered_json() : nlohmann::ordered_json(c.GetDrXs());
-        item["specific_heat_kj_kgk"] = air ? nlohmann::ordered_json() : nlohmann::ordered_json(c.GetBRr());
-        item["s24_w_m2k"] = air ? nlohmann::ordered_json() : nlohmann::ordered_json(s);
-        item["thermal_resistance_m2k_w"] = air ? nlohmann::ordered_json(1.0 / c.GetDrXs()) : nlohmann::ordered_json();
-        json.push_back(std::move(item));
-      } else if (air) {
-        rows.push_back({std::to_string(node->nId), c.GetStuffName().ToUtf8(), typeName, "", "", "", "",
-                        Fixed(1.0 / c.GetDrXs(), 3)});
-      } else {
-        rows.push_back({std::to_string(node->nId), c.GetStuffName().ToUtf8(), typeName, Number(c.GetGMD()),
-                        Number(c.GetDrXs()), Number(c.GetBRr()), Fixed(s, 2), ""});
-      }
-    }
+  for (const auto& m : answer.json) {
+    std::vector<std::string> row{std::to_string(m["id"].get<long>()), m["name"].get<std::string>(),
+                                 m["type"].get<std::string>()};
+    if (m["thermal_resistance_m2k_w"].is_null())
+      row.insert(row.end(), {Number(m["density_kg_m3"].get<double>()), Number(m["conductivity_w_mk"].get<double>()),
+                             Number(m["specific_heat_kj_kgk"].get<double>()), Fixed(m["s24_w_m2k"].get<double>(), 2), ""});
+    else
+      row.insert(row.end(), {"", "", "", "", Fixed(m["thermal_resistance_m2k_w"].get<double>(), 3)});
+    rows.push_back(std::move(row));
   }
-  if (!typeFound) return Tell(1, "no construction type named \"" + m_type + "\"; \"qkdb tree constructions\" lists them");
-  if (m_json)
-    std::cout << json.dump(2) << '\n';
-  else if (rows.size() == 1)
-    std::cout << "no construction matches\n";
-  else
-    PrintColumns(std::cout, rows);
+  PrintColumns(std::cout, rows);
   return 0;
 }
 

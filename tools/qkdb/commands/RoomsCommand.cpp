@@ -5,24 +5,14 @@
 #include <nlohmann/json.hpp>
 #include <vector>
 
-#include "NearNames.h"
 #include "Output.h"
-#include "RowItems.h"
-#include "rooms/CQKRULoadParam.h"
-#include "rooms/CQKRoomUseDataAdmin.h"
-#include "tablekit/CADORecordset.h"
+#include "RoomAnswer.h"
 
 namespace qkdb {
 
 namespace {
 
 using nlohmann::ordered_json;
-
-struct RoomUse {
-  std::string type;
-  long id = 0;
-  std::string name;
-};
 
 // The label "中文 / English" and unit of each load parameter, in the order of the named items.
 struct Item {
@@ -53,33 +43,11 @@ const Item kItems[] = {
     {"ShenTouL", "渗透风量 / infiltration", "m³/(s·m²) of exterior surface"},
 };
 
-std::vector<RoomUse> AllRoomUses(std::vector<std::string>& types) {
-  CQKRoomUseDataAdmin admin;
-  std::vector<RoomUse> uses;
-  const CQKRoomUseDataAdmin::tagRoomUseNode* root = admin.GetRoomUseNodes(1);
-  for (int t = 0; root && t < root->arrChild.GetSize(); ++t) {
-    const auto* type = root->arrChild[t];
-    types.push_back(type->strName.ToUtf8());
-    for (int u = 0; u < type->arrChild.GetSize(); ++u)
-      uses.push_back({types.back(), type->arrChild[u]->nId, type->arrChild[u]->strName.ToUtf8()});
+void PrintList(const ordered_json& list) {
+  for (const auto& type : list) {
+    std::cout << type["RoomType"].get<std::string>() << " (" << type["RoomUses"].size() << ")\n";
+    for (const auto& u : type["RoomUses"]) std::cout << "  " << u["RoomUse"].get<std::string>() << '\n';
   }
-  return uses;
-}
-
-void PrintList(const std::vector<std::string>& types, const std::vector<RoomUse>& uses, bool json) {
-  ordered_json out = ordered_json::array();
-  for (const std::string& type : types) {
-    ordered_json list = ordered_json::array();
-    for (const RoomUse& u : uses)
-      if (u.type == type) list.push_back({{"ID", u.id}, {"RoomUse", u.name}});
-    if (json) {
-      out.push_back({{"RoomType", type}, {"RoomUses", std::move(list)}});
-    } else {
-      std::cout << type << " (" << list.size() << ")\n";
-      for (const auto& u : list) std::cout << "  " << u["RoomUse"].get<std::string>() << '\n';
-    }
-  }
-  if (json) std::cout << out.dump(2) << '\n';
 }
 
 // The value of an item as text with its unit; "—" for null.
@@ -89,31 +57,6 @@ std::string Shown(const Item& item, const ordered_json& value, const std::string
     return std::to_string(value.get<int>()) + (labour.empty() ? "" : " (" + labour + ")");
   const std::string number = value.is_number_integer() ? std::to_string(value.get<long>()) : Number(AsStored(value.get<double>()));
   return *item.unit ? number + " " + item.unit : number;
-}
-
-// The hourly schedules of the room use: a table beside the room tables, which the library does not
-// read; a database built before it has none, and the answer says so.
-bool Schedules(CQKRULoadParam& load, long roomUse, ordered_json& out) {
-  CString sql;
-  sql.Format(L"select Kind, DayType, Unit, H01, H02, H03, H04, H05, H06, H07, H08, H09, H10, H11, H12, H13, H14, "
-             L"H15, H16, H17, H18, H19, H20, H21, H22, H23, H24 from RoomUseSchedule where RUId=%ld order by ID",
-             roomUse);
-  CADORecordset rs;
-  if (!load.ExecSql(sql, &rs, nullptr)) return false;
-  out = ordered_json::array();
-  for (; !rs.IsEOF(); rs.MoveNext()) {
-    CString kind, day, unit;
-    rs.GetFieldValue(0, kind);
-    rs.GetFieldValue(1, day);
-    rs.GetFieldValue(2, unit);
-    ordered_json hours = ordered_json::array();
-    for (int h = 0; h < 24; ++h) {
-      double v = 0.0;
-      hours.push_back(rs.GetFieldValue(3 + h, v) ? ordered_json(v) : ordered_json());
-    }
-    out.push_back({{"kind", kind.ToUtf8()}, {"day_type", day.ToUtf8()}, {"unit", unit.ToUtf8()}, {"hours", std::move(hours)}});
-  }
-  return true;
 }
 
 void PrintSchedules(const ordered_json& schedules) {
@@ -127,47 +70,21 @@ void PrintSchedules(const ordered_json& schedules) {
   PrintColumns(std::cout, rows);
 }
 
-// Prints one room use's load parameters (and hourly schedules): the exit status.
-int Show(const RoomUse& use, bool withSchedules, bool json) {
-  CQKRULoadParam load;
-  ordered_json items;
-  if (!load.ReadDataByRUId(static_cast<int>(use.id)) || !RowItems(load, load, items))
-    return Tell(1, use.type + " " + use.name + " has no load parameters");
-  // The value holds humidities as fractions: the percent it writes may be a last bit off the stored
-  // decimal (55 % reads back as 55.00000000000001).
-  for (const char* humidity : {"DongJiSNSJXDSD", "XiaJiSNSJXDSD"})
-    if (items[humidity].is_number()) items[humidity] = AsStored(items[humidity].get<double>());
-  std::string labour;
-  if (!items["LaoDongQD"].is_null()) {
-    CString name;
-    if (CQKRULoadParam::LDQDId2Name(static_cast<QKLoad::EQKLdQdType>(items["LaoDongQD"].get<int>()), name))
-      labour = name.ToUtf8();
-  }
-  ordered_json schedules;
-  const bool haveSchedules = withSchedules && Schedules(load, use.id, schedules);
-
-  if (json) {
-    ordered_json out{{"RoomType", use.type}, {"RoomUse", use.name}};
-    for (const auto& [name, value] : items.items()) out[name] = value;
-    out["LaoDongQDName"] = labour.empty() ? ordered_json() : ordered_json(labour);
-    if (withSchedules) out["Schedules"] = haveSchedules ? schedules : ordered_json();
-    std::cout << out.dump(2) << '\n';
-    return 0;
-  }
-  std::cout << use.type << " / " << use.name << "\n\n";
+// Prints one room use's load parameters (and hourly schedules) as text.
+void Show(const ordered_json& room, bool withSchedules) {
+  std::cout << room["RoomType"].get<std::string>() << " / " << room["RoomUse"].get<std::string>() << "\n\n";
+  const std::string labour = room["LaoDongQDName"].is_null() ? "" : room["LaoDongQDName"].get<std::string>();
   std::vector<std::vector<std::string>> rows;
-  for (const Item& item : kItems) rows.push_back({item.label, Shown(item, items[item.name], labour), item.name});
+  for (const Item& item : kItems) rows.push_back({item.label, Shown(item, room[item.name], labour), item.name});
   PrintColumns(std::cout, rows);
-  if (withSchedules) {
-    std::cout << '\n';
-    if (!haveSchedules)
-      std::cout << "This database keeps no hourly schedules.\n";
-    else if (schedules.empty())
-      std::cout << "No hourly schedules for this room use.\n";
-    else
-      PrintSchedules(schedules);
-  }
-  return 0;
+  if (!withSchedules) return;
+  std::cout << '\n';
+  if (room["Schedules"].is_null())
+    std::cout << "This database keeps no hourly schedules.\n";
+  else if (room["Schedules"].empty())
+    std::cout << "No hourly schedules for this room use.\n";
+  else
+    PrintSchedules(room["Schedules"]);
 }
 
 }  // namespace
@@ -195,43 +112,15 @@ bool RoomsCommand::Chosen() const { return m_app->parsed(); }
 int RoomsCommand::Run() const {
   if (m_schedules && m_name.empty()) return Tell(2, "--schedules belongs to one room use: give its name");
   if (const int status = OpenChosenDatabase(m_db)) return status;
-  std::vector<std::string> types;
-  std::vector<RoomUse> uses = AllRoomUses(types);
-  if (!m_type.empty()) {
-    bool known = false;
-    for (const std::string& t : types) known = known || Folded(CString::FromUtf8(t)) == Folded(CString::FromUtf8(m_type));
-    if (!known) return Tell(1, "no room type named \"" + m_type + "\"; \"qkdb rooms\" lists them");
-    std::erase_if(uses, [this](const RoomUse& u) {
-      return Folded(CString::FromUtf8(u.type)) != Folded(CString::FromUtf8(m_type));
-    });
-    std::erase_if(types, [this](const std::string& t) {
-      return Folded(CString::FromUtf8(t)) != Folded(CString::FromUtf8(m_type));
-    });
-  }
-  if (m_name.empty()) {
-    PrintList(types, uses, m_json);
-    return 0;
-  }
-
-  const std::wstring typed = Folded(CString::FromUtf8(m_name));
-  std::vector<RoomUse> found;
-  for (const RoomUse& u : uses)
-    if (Folded(CString::FromUtf8(u.name)) == typed) found.push_back(u);
-  if (found.empty()) {
-    std::vector<Candidate> candidates;
-    for (const RoomUse& u : uses) candidates.push_back({CString::FromUtf8(u.name), u.name + " (" + u.type + ")"});
-    const std::vector<std::string> near = NearestNames(CString::FromUtf8(m_name), candidates);
-    std::string message = "no room use named \"" + m_name + "\"" + (m_type.empty() ? "" : " in " + m_type);
-    for (std::size_t i = 0; i < near.size(); ++i) message += (i == 0 ? "; did you mean " : ", ") + near[i];
-    return Tell(1, near.empty() ? message : message + "?");
-  }
-  if (found.size() > 1) {
-    std::string message = "\"" + m_name + "\" is a room use of several room types:";
-    for (std::size_t i = 0; i < found.size(); ++i) message += (i == 0 ? " " : ", ") + found[i].type;
-    return Tell(1, message + "; choose one with --type");
-  }
-
-  return Show(found.front(), m_schedules, m_json);
+  const RoomAnswer answer = m_name.empty() ? RoomUses(m_type) : RoomUseParameters(m_name, m_type, m_schedules);
+  if (!answer.refused.empty()) return Tell(1, answer.refused);
+  if (m_json)
+    std::cout << answer.json.dump(2) << '\n';
+  else if (m_name.empty())
+    PrintList(answer.json);
+  else
+    Show(answer.json, m_schedules);
+  return 0;
 }
 
 }  // namespace qkdb
