@@ -570,6 +570,16 @@ TEST_F(QkdbReadCommands, RoomsShowsTheLabourIntensityByItsIdAndNameAndHumidityIn
 
 TEST_F(QkdbReadCommands, ARoomUseWithoutParametersIsSaidSo) { ExpectRefused(Run("rooms 会议室"), 1); }
 
+// A name is quoted in a message with JSON's escapes: one typed with a line break stays one line.
+TEST_F(QkdbReadCommands, ANameWithALineBreakIsRefusedInOneLine) {
+  for (const char* command : {"weather", "rooms", "materials --type", "walls --type", "rooms 办公室 --type"}) {
+    ToolRun run = Run(std::string(command) + " \"$(printf 'a\\nb')\"");
+    EXPECT_EQ(run.status, 1) << command;
+    EXPECT_TRUE(IsOneLine(run.err)) << command << ": " << run.err;
+    EXPECT_NE(run.err.find("\"a\\nb\""), std::string::npos) << command << ": " << run.err;
+  }
+}
+
 TEST_F(QkdbReadCommands, WallsOfAnUnknownTypeIsRefused) {
   ToolRun run = Run("walls --type 玻璃幕墙");
   ExpectRefused(run, 1);

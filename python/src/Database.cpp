@@ -13,6 +13,7 @@
 #include "Errors.h"
 #include "ReferenceDatabase.h"
 #include "MaterialsAnswer.h"
+#include "Output.h"
 #include "RoomAnswer.h"
 #include "WeatherAnswer.h"
 #include "binding/ReferenceTables.h"
@@ -174,7 +175,7 @@ class Database {
     Use();
     CQKBSType type;
     type.Name = CString::FromUtf8(typeName);
-    if (type.IsExist(nullptr) != QKLoad::DBS_EXIST) throw NotFound("no envelope type named \"" + typeName + "\"");
+    if (type.IsExist(nullptr) != QKLoad::DBS_EXIST) throw NotFound("no envelope type named " + qkdb::Quoted(typeName));
     CQKBSDataAdmin admin;
     CLxArray<CQKWallData> walls;
     const CQKCrXs coefficients;

@@ -6,6 +6,8 @@ import os
 import subprocess
 
 import pytest
+from hypothesis import given, settings
+from hypothesis import strategies as st
 
 import qkdb
 
@@ -72,3 +74,15 @@ def test_unknown_and_ambiguous_room_names_are_lookup_errors(db):
     assert db.room("楼梯间", type="学校建筑")["RoomType"] == "学校建筑"
     with pytest.raises(LookupError):
         db.rooms(type="体育建筑")
+
+
+@settings(max_examples=200, deadline=None)
+@given(st.text(max_size=12), st.one_of(st.none(), st.text(max_size=6)))
+def test_any_name_is_an_answer_or_a_lookup_error(name, type_name):
+    db = qkdb.open()
+    for ask in (lambda: db.weather(name), lambda: db.room(name, type=type_name),
+                lambda: db.materials(search=name, type=type_name), lambda: db.walls(name)):
+        try:
+            ask()
+        except LookupError as error:
+            assert "\n" not in str(error)

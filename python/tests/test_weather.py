@@ -101,3 +101,18 @@ def test_two_databases_each_answer_from_their_own(tmp_path):
     assert other.weather("三亚").heating_db_c == -99
     assert shipped.weather("三亚").heating_db_c == 17.9
     assert other.weather("三亚").heating_db_c == -99
+
+
+def test_a_server_that_does_not_answer_is_a_value_error():
+    with pytest.raises(ValueError) as raised:
+        qkdb.open("postgresql://qk@127.0.0.1:1/reference?connect_timeout=2")
+    assert "\n" not in str(raised.value)
+
+
+@pytest.mark.skipif(not os.environ.get("QK_PG_URI"), reason="no PostgreSQL server (QK_PG_URI)")
+def test_a_server_database_without_the_reference_tables_is_a_value_error():
+    with pytest.raises(ValueError) as raised:
+        qkdb.open(os.environ["QK_PG_URI"])
+    assert "\n" not in str(raised.value)
+    # The shipped database still answers after the failed open.
+    assert qkdb.open().weather("三亚").heating_db_c == 17.9

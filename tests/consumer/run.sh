@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # The library as a host gets it: installs the build folder given into a scratch prefix, builds the
 # example programs there twice (a CMake project with find_package, then plain g++ with pkg-config) and
-# runs them on the installed reference database; runs the installed qkdb from the prefix; then makes
-# the Debian packages, checks their file lists, unpacks them into a scratch root and runs qkdb there.
+# runs them on the installed reference database; runs the installed qkdb and Python package from the
+# prefix; then makes the Debian packages, checks their file lists, unpacks them into a scratch root and
+# runs qkdb there.
 # Usage: tests/consumer/run.sh BUILD_DIR
 set -euo pipefail
 build=$(cd "$1" && pwd)
@@ -66,6 +67,15 @@ grep -qF "database: $(cd "$prefix/share/QKModelDataBase" && pwd -P)/reference.db
   fail "installed qkdb does not use the installed database: $version"
 answer=$(env -u QKDB_DATABASE "$prefix/bin/qkdb" weather 郑州) || fail "installed qkdb weather 郑州 failed"
 grep -qF "郑州, 河南, 中国" <<<"$answer" || fail "installed qkdb weather 郑州: $answer"
+
+# 3b. The installed Python package (when the build made it) finds the library and the database beside
+# itself: the figure of GB 50736 for 三亚's heating, 17.9 °C.
+package=$(find "$prefix" -type d -path "*/dist-packages/qkdb" | head -n 1)
+if [ -n "$package" ]; then
+  heating=$(cd "$work" && env -u QKDB_DATABASE PYTHONPATH="$(dirname "$package")" /usr/bin/python3 -c \
+    "import qkdb; print(qkdb.open().weather('三亚').heating_db_c)") || fail "the installed Python package failed"
+  [ "$heating" = "17.9" ] || fail "the installed Python package answers $heating for 三亚's heating, not 17.9"
+fi
 
 # 4. The Debian packages: their file lists, then unpacked into a scratch root, where qkdb runs.
 cpack -G DEB --config "$build/CPackConfig.cmake" -B "$work" >/dev/null

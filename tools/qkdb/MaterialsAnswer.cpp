@@ -1,6 +1,7 @@
 #include "MaterialsAnswer.h"
 
 #include "NearNames.h"
+#include "Output.h"
 #include "construction/CQKTimbering.h"
 #include "construction/tagQKTIMBERINGCHARACTER.h"
 #include "envelope/CQKBSDataAdmin.h"
@@ -60,7 +61,7 @@ MaterialsAnswer Materials(const std::string& type, const std::string& search) {
                              {"thermal_resistance_m2k_w", Either(air, 1.0 / c.GetDrXs())}});
     }
   }
-  if (!typeFound) answer.refused = "no construction type named \"" + type + "\"; \"qkdb tree constructions\" lists them";
+  if (!typeFound) answer.refused = "no construction type named " + Quoted(type) + "; \"qkdb tree constructions\" lists them";
   return answer;
 }
 

@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <iostream>
 
+#include <nlohmann/json.hpp>
+
 #include "ReferenceDatabase.h"
 #include "mfc/CString.h"
 
@@ -22,6 +24,8 @@ int OpenChosenDatabase(const std::string& dbOption) {
   const std::string problem = OpenForReading(ChooseDatabase(dbOption));
   return problem.empty() ? 0 : Tell(2, problem);
 }
+
+std::string Quoted(std::string_view text) { return nlohmann::json(std::string(text)).dump(); }
 
 double AsStored(double v) {
   char text[32];

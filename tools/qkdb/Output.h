@@ -23,6 +23,9 @@ int OpenChosenDatabase(const std::string& dbOption);
 // 58 % reads back as 57.99999999999999. Fifteen digits are what a double holds exactly in decimal, so
 // rounding there gives the stored decimal back.
 double AsStored(double v);
+// text in double quotes, with JSON's escapes for quotes and control characters: a name typed with a
+// line break in it cannot break a one-line message.
+std::string Quoted(std::string_view text);
 // The shortest text that reads back as v ("58", "1013.3", "0.0003"), without an exponent unless v
 // is below 1e-6 or above 1e15 in size.
 std::string Number(double v);

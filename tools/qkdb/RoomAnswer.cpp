@@ -42,7 +42,7 @@ bool Uses(const std::string& type, std::vector<std::string>& types, std::vector<
 }
 
 std::string NoType(const std::string& type) {
-  return "no room type named \"" + type + "\"; \"qkdb rooms\" lists them";
+  return "no room type named " + Quoted(type) + "; \"qkdb rooms\" lists them";
 }
 
 // The hourly schedules of the room use: a table beside the room tables, which the library does not
@@ -105,13 +105,13 @@ RoomAnswer RoomUseParameters(const std::string& name, const std::string& type, b
     std::vector<Candidate> candidates;
     for (const RoomUse& u : uses) candidates.push_back({CString::FromUtf8(u.name), u.name + " (" + u.type + ")"});
     const std::vector<std::string> near = NearestNames(CString::FromUtf8(name), candidates);
-    answer.refused = "no room use named \"" + name + "\"" + (type.empty() ? "" : " in " + type);
+    answer.refused = "no room use named " + Quoted(name) + (type.empty() ? "" : " in " + Quoted(type));
     for (std::size_t i = 0; i < near.size(); ++i) answer.refused += (i == 0 ? "; did you mean " : ", ") + near[i];
     if (!near.empty()) answer.refused += "?";
     return answer;
   }
   if (found.size() > 1) {
-    answer.refused = "\"" + name + "\" is a room use of several room types:";
+    answer.refused = Quoted(name) + " is a room use of several room types:";
     for (std::size_t i = 0; i < found.size(); ++i) answer.refused += (i == 0 ? " " : ", ") + found[i].type;
     answer.refused += "; choose one with --type";
     return answer;

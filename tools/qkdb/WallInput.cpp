@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "BoundedRead.h"
+#include "Output.h"
 #include "construction/CQKTimberingData.h"
 #include "construction/tagQKTIMBERINGCHARACTER.h"
 #include "mfc/CString.h"
@@ -16,10 +17,6 @@ namespace qkdb {
 namespace {
 
 using nlohmann::json;
-
-// text in double quotes, with JSON's escapes for quotes and control characters, so a key, a name or a
-// path with a line break in it cannot break the message over two lines.
-std::string Quoted(std::string_view text) { return json(std::string(text)).dump(); }
 
 // The message of a JSON library error without its "[json.exception.parse_error.101] " tag, which
 // means nothing to the engineer reading it.

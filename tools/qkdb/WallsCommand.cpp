@@ -48,7 +48,7 @@ int WallsCommand::Run() const {
   CQKBSType type;
   type.Name = CString::FromUtf8(m_type);
   // A name holding a double quote cannot be looked up (the query fails): no type has it either.
-  if (type.IsExist(nullptr) != QKLoad::DBS_EXIST) return Tell(1, "no envelope type named \"" + m_type + "\"");
+  if (type.IsExist(nullptr) != QKLoad::DBS_EXIST) return Tell(1, "no envelope type named " + Quoted(m_type));
 
   CQKBSDataAdmin admin;
   CLxArray<CQKWallData> walls;

@@ -208,8 +208,8 @@ WeatherAnswer ClimateByName(const std::string& name) {
   if (found.id) return ClimateOfCity(found.id, found.alias);
   std::string names;
   for (const std::string& candidate : found.candidates) names += (names.empty() ? "" : ", ") + candidate;
-  if (found.ambiguous) return Refused("\"" + name + "\" is another name of several cities: " + names + "; give one of them");
-  return Refused("no city named \"" + name + "\"" + (names.empty() ? "" : " (did you mean " + names + "?)"));
+  if (found.ambiguous) return Refused(Quoted(name) + " is another name of several cities: " + names + "; give one of them");
+  return Refused("no city named " + Quoted(name) + (names.empty() ? "" : " (did you mean " + names + "?)"));
 }
 
 WeatherAnswer ClimateById(long cityId) {
