@@ -27,16 +27,39 @@ class Weather:
     epw_own: Optional[bool]
     epw_station: Optional[str]
     epw_distance_km: Optional[float]
-    heating_db_c: Optional[float]
-    winter_ac_db_c: Optional[float]
-    cooling_db_c: Optional[float]
-    cooling_wb_c: Optional[float]
-    cooling_daily_mean_c: Optional[float]
-    summer_daily_range_k: Optional[float]
-    winter_pressure_hpa: Optional[float]
-    summer_pressure_hpa: Optional[float]
-    elevation_m: Optional[float]
-    epw_file: Optional[str]
+    city_id: Optional[int]  # CId
+    climate_zone_code: Optional[int]  # DistrictCode
+    winter_pressure_hpa: Optional[float]  # DjDqy
+    summer_pressure_hpa: Optional[float]  # XjDqy
+    heating_db_c: Optional[float]  # DjCnSwGqWd
+    winter_ac_db_c: Optional[float]  # DjKtSwGqWd
+    cooling_db_c: Optional[float]  # XjKtSwGqWd
+    cooling_daily_mean_c: Optional[float]  # XjKtRPjWd
+    summer_daily_range_k: Optional[float]  # XjJsRJC
+    cooling_wb_c: Optional[float]  # XjKtSwSqWd
+    summer_wind_direction_deg: Optional[float]  # Xjzdfx
+    summer_wind_direction_speed_ms: Optional[float]  # Xjswzdfxpjfs
+    winter_wind_direction_deg: Optional[float]  # Djzdfx
+    winter_wind_direction_speed_ms: Optional[float]  # Djswzdfxpjfs
+    coldest_month_rh_pct: Optional[float]  # ZlYPjXdSd
+    hottest_month_rh_pct: Optional[float]  # ZRYPjXdSd
+    summer_wind_speed_ms: Optional[float]  # XjSwPjFs
+    summer_transparency_grade: Optional[float]  # XjKtDqTmDDj
+    summer_ventilation_db_c: Optional[float]  # XjTfSwGqWd
+    summer_ventilation_rh_pct: Optional[float]  # XjTfSwXdSd
+    winter_ventilation_db_c: Optional[float]  # DjTfSwGqWd
+    winter_ac_rh_pct: Optional[float]  # DjKtSwXdSd
+    winter_wind_speed_ms: Optional[float]  # DjSwPjFs
+    ground_annual_mean_c: Optional[float]  # DBMNPJWD
+    ground_hottest_month_mean_c: Optional[float]  # DBMZRYPJWD
+    ground_coldest_month_mean_c: Optional[float]  # DBMZLYPJWD
+    city_type: Optional[str]  # CityType
+    epw_file: Optional[str]  # EpwName
+    epw_type: Optional[str]  # EpwType
+    elevation_m: Optional[float]  # Elevation
+    time_zone_h: Optional[float]  # TimeZone
+    summer_wind_compass: Optional[str]  # SumWindDef
+    winter_wind_compass: Optional[str]  # WinWindDef
 
 class Wall:
     """A wall of layers, outside first; m, W/(m·K), kg/m³, kJ/(kg·K); coefficients W/(m²·K)."""

@@ -116,3 +116,16 @@ def test_a_server_database_without_the_reference_tables_is_a_value_error():
     assert "\n" not in str(raised.value)
     # The shipped database still answers after the failed open.
     assert qkdb.open().weather("三亚").heating_db_c == 17.9
+
+
+def test_every_readable_name_is_its_items_value_and_in_the_stub(db):
+    import pathlib
+    import re
+
+    zhengzhou = db.weather("郑州")
+    for item, readable in qkdb._WEATHER_NAMES.items():
+        assert item in zhengzhou.items, item
+        assert getattr(zhengzhou, readable) == zhengzhou.items[item], readable
+    stub = (pathlib.Path(qkdb.__file__).parent / "__init__.pyi").read_text(encoding="utf-8")
+    assert dict(re.findall(r"^    (\w+): Optional\[\w+\]  # (\w+)$", stub, re.M)) == {
+        readable: item for item, readable in qkdb._WEATHER_NAMES.items()}
