@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 #include <pybind11/stl.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <optional>
