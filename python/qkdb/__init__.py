@@ -76,7 +76,10 @@ class Weather:
     """
 
     def __init__(self, answer: Mapping[str, Any]):
-        self._items = dict(answer)
+        object.__setattr__(self, "_items", dict(answer))
+
+    def __setattr__(self, name: str, value: Any) -> None:
+        raise AttributeError("a weather is read-only: it is what the database holds")
 
     def __getattr__(self, name: str) -> Any:
         items = self.__dict__.get("_items", {})

@@ -34,6 +34,16 @@ def test_every_item_is_the_tools(db):
         assert weather.city == answer["CityName"]
 
 
+def test_a_weather_is_read_only(db):
+    sanya = db.weather("三亚")
+    with pytest.raises(AttributeError):
+        sanya.heating_db_c = 0
+    with pytest.raises(AttributeError):
+        sanya.DjCnSwGqWd = 0
+    sanya.items["DjCnSwGqWd"] = 0  # a copy
+    assert sanya.heating_db_c == 17.9
+
+
 def test_readable_names_and_degrees(db):
     zhengzhou = db.weather("郑州")
     assert zhengzhou.heating_db_c == zhengzhou.DjCnSwGqWd
