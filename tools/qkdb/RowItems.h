@@ -9,7 +9,7 @@
 #include "mfc/CString.h"
 
 class CAData;
-class tagDBSTRUCT;
+struct tagDBSTRUCT;
 
 namespace qkdb {
 
