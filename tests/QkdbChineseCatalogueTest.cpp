@@ -14,10 +14,8 @@
 #include <string>
 #include <vector>
 
+#include "BuiltDatabaseFixture.h"
 #include "DataCsv.h"
-#include "GeographyFixture.h"
-#include "QkdbRun.h"
-#include "TestDatabase.h"
 #include "construction/CQKTimbering.h"
 #include "construction/CQKTimberingType.h"
 #include "construction/tagQKTIMBERINGCHARACTER.h"
@@ -43,36 +41,8 @@ CQKTimbering Construction(const std::string& name) {
   return c;
 }
 
-class QkdbChineseCatalogue : public ::testing::Test {
+class QkdbChineseCatalogue : public BuiltDatabaseFixture {
  protected:
-  static void SetUpTestSuite() {
-    s_dir = std::make_unique<TempDir>();
-    s_path = (s_dir->path() / "reference.db").string();
-    s_init = Qkdb("init --db '" + s_path + "'");
-  }
-  static void TearDownTestSuite() { s_dir.reset(); }
-
-  void SetUp() override {
-    ASSERT_EQ(s_init.status, 0) << s_init.err;
-    const CString path = CString::FromUtf8(s_path);
-    CQKTimberingType::S_Init(path, L"TimberingType");
-    CQKTimbering::S_Init(path, L"Timbering");
-    CQKBSCategory::S_Init(path, L"BSCategory");
-    CQKBSType::S_Init(path, L"BSType");
-    CQKBSCode::S_Init(path, L"BSCode");
-    CQKBoundingStructure::S_Init(path, L"BoundingStructure");
-  }
-  void TearDown() override {
-    ForgetClassTable<CQKTimberingType>();
-    ForgetClassTable<CQKTimbering>();
-    ForgetClassTable<CQKBSCategory>();
-    ForgetClassTable<CQKBSType>();
-    ForgetClassTable<CQKBSCode>();
-    ForgetClassTable<CQKBoundingStructure>();
-  }
-
-  static std::string Query(const std::string& sql) { return QueryOne(CString::FromUtf8(s_path), sql); }
-  static ToolRun Run(const std::string& args) { return Qkdb(args + " --db '" + s_path + "'"); }
   static std::string TypeOf(const CQKTimbering& c) {
     return Query("SELECT Name FROM TimberingType WHERE ID = " + std::to_string(c.TTId));
   }
@@ -87,15 +57,7 @@ class QkdbChineseCatalogue : public ::testing::Test {
     admin.GetBSCodeCWallDataAry(type, walls, true, CQKCrXs());
     return walls;
   }
-
-  static std::unique_ptr<TempDir> s_dir;
-  static std::string s_path;
-  static ToolRun s_init;
 };
-
-std::unique_ptr<TempDir> QkdbChineseCatalogue::s_dir;
-std::string QkdbChineseCatalogue::s_path;
-ToolRun QkdbChineseCatalogue::s_init;
 
 TEST_F(QkdbChineseCatalogue, TheMaterialsOfTheGb50176TableAreStoredAsPrinted) {
   const DataCsv gb(kGb);

@@ -14,10 +14,8 @@
 #include <tuple>
 #include <vector>
 
+#include "BuiltDatabaseFixture.h"
 #include "DataCsv.h"
-#include "GeographyFixture.h"
-#include "QkdbRun.h"
-#include "TestDatabase.h"
 #include "rooms/CQKRULoadParam.h"
 #include "rooms/CQKRoomType.h"
 #include "rooms/CQKRoomUse.h"
@@ -54,31 +52,8 @@ Cell Field(const DataCsv& csv, std::size_t r, const std::string& column) {
 
 std::string Shown(const Cell& c) { return c ? std::to_string(*c) : "NULL"; }
 
-class QkdbRooms : public ::testing::Test {
+class QkdbRooms : public BuiltDatabaseFixture {
  protected:
-  static void SetUpTestSuite() {
-    s_dir = std::make_unique<TempDir>();
-    s_path = (s_dir->path() / "reference.db").string();
-    s_init = Qkdb("init --db '" + s_path + "'");
-  }
-  static void TearDownTestSuite() { s_dir.reset(); }
-
-  void SetUp() override {
-    ASSERT_EQ(s_init.status, 0) << s_init.err;
-    const CString path = CString::FromUtf8(s_path);
-    CQKRoomType::S_Init(path, L"RoomType");
-    CQKRoomUse::S_Init(path, L"RoomUse");
-    CQKRULoadParam::S_Init(path, L"RULoadParam");
-  }
-  void TearDown() override {
-    ForgetClassTable<CQKRoomType>();
-    ForgetClassTable<CQKRoomUse>();
-    ForgetClassTable<CQKRULoadParam>();
-  }
-
-  static std::string Query(const std::string& sql) { return QueryOne(CString::FromUtf8(s_path), sql); }
-  static ToolRun Run(const std::string& args) { return Qkdb(args + " --db '" + s_path + "'"); }
-
   // The ID of the room use of that name in the room type of that name, found through the records.
   static long RoomUseId(const std::string& type, const std::string& use) {
     CQKRoomType t;
@@ -98,14 +73,7 @@ class QkdbRooms : public ::testing::Test {
     return rows.empty() ? std::vector<Cell>() : rows.front();
   }
 
-  static std::unique_ptr<TempDir> s_dir;
-  static std::string s_path;
-  static ToolRun s_init;
 };
-
-std::unique_ptr<TempDir> QkdbRooms::s_dir;
-std::string QkdbRooms::s_path;
-ToolRun QkdbRooms::s_init;
 
 constexpr const char* kJgjColumns = "RenYuanMD, ZhaoMingBZ, SheBeiBZ, XinFengL, DongJiSNSJWD, XiaJiSNSJWD, ShenTouL";
 const char* const kJgjFields[] = {"area_per_person_m2",    "lighting_w_m2",     "equipment_w_m2",
