@@ -16,6 +16,10 @@ namespace qkdbpy {
 
 namespace {
 
+py::value_error Unreachable() {
+  return py::value_error("the U asked for cannot be reached: the other layers and the surfaces alone give a lower U");
+}
+
 // The wall of a JSON text as "qkdb wall" reads it ({"layers": [...], "inside": …}), computed: winter
 // first (Cal(1) fills the winter U only), then the whole summer calculation, as the tool does.
 class Wall {
@@ -69,7 +73,7 @@ class Wall {
       int index = -1;
       double thickness = 0.0;
       winter ? m_wall.CurrectDjThick(u, index, thickness) : m_wall.CurrectThick(u, index, thickness);
-      if (thickness < 0.0) throw py::value_error("the U asked for cannot be reached: the other layers and the surfaces alone give a lower U");
+      if (thickness < 0.0) throw Unreachable();
       return {index, thickness};
     }
     if (*layer < 0 || *layer >= layers.GetSize())
@@ -80,7 +84,7 @@ class Wall {
     const double conductivity = t.DrXs * t.DrXsXz;
     const double others = 1.0 / (winter ? m_wall.DjCrXs : m_wall.CrXs) - t.Thick / conductivity;
     const double thickness = (1.0 / u - others) * conductivity;
-    if (thickness < 0.0) throw py::value_error("the U asked for cannot be reached: the other layers and the surfaces alone give a lower U");
+    if (thickness < 0.0) throw Unreachable();
     return {*layer, thickness};
   }
 

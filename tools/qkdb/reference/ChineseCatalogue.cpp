@@ -23,16 +23,27 @@ double Positive(const CsvTable& table, std::size_t r, const std::string& column)
   return value;
 }
 
+// A material row as a construction: its name, ρ kg/m³, λ W/(m·K) and c in kJ/(kg·K), which the
+// file gives in the unit of column (kJ/(kg·K) when per is 1, J/(kg·K) when per is 1000).
+CQKTimbering Material(const CsvTable& materials, std::size_t r, const std::string& column, double per) {
+  CQKTimbering construction;
+  construction.SetStuffName(CString::FromUtf8(materials.Field(r, "name")));
+  construction.SetGMD(Positive(materials, r, "density_kg_m3"));
+  construction.SetDrXs(Positive(materials, r, "conductivity_w_mk"));
+  construction.SetBRr(Positive(materials, r, column) / per);
+  return construction;
+}
+
+long AddMaterial(const CsvTable& materials, std::size_t r, CQKTimbering& construction, CatalogueRows& rows) {
+  return rows.AddConstruction(construction, rows.ConstructionType(materials.Field(r, "construction_type")),
+                              materials.Where(r));
+}
+
 void LoadCodeTable(const CsvTable& materials, CatalogueRows& rows) {
   for (std::size_t r = 0; r < materials.Size(); ++r) {
     if (LeftOut(materials, r)) continue;
-    CQKTimbering construction;
-    construction.SetStuffName(CString::FromUtf8(materials.Field(r, "name")));
-    construction.SetGMD(Positive(materials, r, "density_kg_m3"));
-    construction.SetDrXs(Positive(materials, r, "conductivity_w_mk"));
-    construction.SetBRr(Positive(materials, r, "specific_heat_kj_kgk"));
-    rows.AddConstruction(construction, rows.ConstructionType(materials.Field(r, "construction_type")),
-                         materials.Where(r));
+    CQKTimbering construction = Material(materials, r, "specific_heat_kj_kgk", 1.0);
+    AddMaterial(materials, r, construction, rows);
   }
 }
 
@@ -41,16 +52,11 @@ std::map<std::string, long> LoadAtlasMaterials(const CsvTable& materials, Catalo
   std::map<std::string, long> ids;
   for (std::size_t r = 0; r < materials.Size(); ++r) {
     if (LeftOut(materials, r)) continue;
-    CQKTimbering construction;
-    construction.SetStuffName(CString::FromUtf8(materials.Field(r, "name")));
-    construction.SetGMD(Positive(materials, r, "density_kg_m3"));
-    construction.SetDrXs(Positive(materials, r, "conductivity_w_mk"));
-    construction.SetBRr(Positive(materials, r, "specific_heat_j_kgk") / 1000.0);  // J/(kg·K) → kJ/(kg·K)
+    CQKTimbering construction = Material(materials, r, "specific_heat_j_kgk", 1000.0);
     construction.SetRoughness(RoughnessCode(materials.Field(r, "roughness")));
     construction.SetTheAbs(Positive(materials, r, "thermal_absorptance"));
     construction.SetSolAbs(Positive(materials, r, "solar_absorptance"));
-    ids[materials.Field(r, "material_en_as_in_source")] = rows.AddConstruction(
-        construction, rows.ConstructionType(materials.Field(r, "construction_type")), materials.Where(r));
+    ids[materials.Field(r, "material_en_as_in_source")] = AddMaterial(materials, r, construction, rows);
   }
   return ids;
 }
