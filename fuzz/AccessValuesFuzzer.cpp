@@ -15,8 +15,8 @@
 #include <cstring>
 #include <string>
 
-#include "AccessValues.h"
-#include "CsvTable.h"
+#include "import/access/AccessValues.h"
+#include "text/CsvTable.h"
 #include "mfc/CString.h"
 
 namespace {

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <string>
 
-#include "CsvTable.h"
-#include "EpwFile.h"
+#include "text/CsvTable.h"
+#include "import/epw/EpwFile.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   try {

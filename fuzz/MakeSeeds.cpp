@@ -18,10 +18,10 @@
 #include <string>
 #include <vector>
 
-#include "CsvTable.h"
-#include "EpwFile.h"
+#include "text/CsvTable.h"
+#include "import/epw/EpwFile.h"
 #include "StreamValues.h"
-#include "WallInput.h"
+#include "answers/WallInput.h"
 
 namespace fs = std::filesystem;
 

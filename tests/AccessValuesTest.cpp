@@ -1,4 +1,4 @@
-// The Access field conversions of qkdb import-access, on bytes alone (tools/qkdb/AccessValues.cpp is
+// The Access field conversions of qkdb import-access, on bytes alone (tools/qkdb/import/access/AccessValues.cpp is
 // compiled into the tests). The dates at either end of what Access holds came from fuzzing them.
 
 #include <gtest/gtest.h>
@@ -8,8 +8,8 @@
 #include <limits>
 #include <string>
 
-#include "AccessValues.h"
-#include "CsvTable.h"
+#include "import/access/AccessValues.h"
+#include "text/CsvTable.h"
 
 using qkdb::DateText;
 

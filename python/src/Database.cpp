@@ -10,13 +10,13 @@
 #include <string>
 #include <utility>
 
-#include "CsvTable.h"
+#include "text/CsvTable.h"
 #include "Errors.h"
-#include "ReferenceDatabase.h"
-#include "MaterialsAnswer.h"
-#include "Output.h"
-#include "RoomAnswer.h"
-#include "WeatherAnswer.h"
+#include "files/ReferenceDatabase.h"
+#include "answers/MaterialsAnswer.h"
+#include "text/Output.h"
+#include "answers/RoomAnswer.h"
+#include "answers/WeatherAnswer.h"
 #include "binding/ReferenceTables.h"
 #include "tablekit/CADODatabase.h"
 #include "construction/CQKTimbering.h"

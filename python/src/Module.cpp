@@ -2,11 +2,11 @@
 
 #include <pybind11/pybind11.h>
 
-#include "CsvTable.h"
+#include "text/CsvTable.h"
 #include "Database.h"
 #include "Errors.h"
 #include "Wall.h"
-#include "WallInput.h"
+#include "answers/WallInput.h"
 
 namespace py = pybind11;
 

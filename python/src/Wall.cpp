@@ -7,7 +7,7 @@
 #include <string>
 #include <utility>
 
-#include "WallInput.h"
+#include "answers/WallInput.h"
 #include "construction/CQKWallData.h"
 
 namespace py = pybind11;

@@ -10,17 +10,17 @@
 #include <iostream>
 #include <string>
 
-#include "ImportEpwCommand.h"
-#include "ImportAccessCommand.h"
-#include "InitCommand.h"
-#include "ReferenceDatabase.h"
-#include "ThicknessCommand.h"
-#include "TreeCommand.h"
-#include "WallCommand.h"
-#include "WallsCommand.h"
-#include "WeatherCommand.h"
-#include "commands/MaterialsCommand.h"
-#include "commands/RoomsCommand.h"
+#include "commands/database/ImportEpwCommand.h"
+#include "commands/database/ImportAccessCommand.h"
+#include "commands/database/InitCommand.h"
+#include "files/ReferenceDatabase.h"
+#include "commands/wall/ThicknessCommand.h"
+#include "commands/lookup/TreeCommand.h"
+#include "commands/wall/WallCommand.h"
+#include "commands/lookup/WallsCommand.h"
+#include "commands/lookup/WeatherCommand.h"
+#include "commands/lookup/MaterialsCommand.h"
+#include "commands/lookup/RoomsCommand.h"
 
 int main(int argc, char** argv) {
   CLI::App app("The reference database of a building thermal-load design system, from the command line.", "qkdb");

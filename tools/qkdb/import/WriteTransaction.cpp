@@ -10,7 +10,7 @@
 #include <cstring>
 #include <thread>
 
-#include "ReferenceDatabase.h"
+#include "files/ReferenceDatabase.h"
 #include "mfc/CString.h"
 
 namespace qkdb {

@@ -17,7 +17,7 @@
 #include <string>
 #include <vector>
 
-#include "CsvTable.h"
+#include "text/CsvTable.h"
 #include "tablekit/CADODatabase.h"
 #include "tablekit/CADOConnection.h"
 
