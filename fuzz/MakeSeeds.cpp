@@ -21,7 +21,7 @@
 #include "text/CsvTable.h"
 #include "import/epw/EpwFile.h"
 #include "StreamValues.h"
-#include "answers/WallInput.h"
+#include "answers/wall/WallInput.h"
 
 namespace fs = std::filesystem;
 

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-#include "answers/WallInput.h"
+#include "answers/wall/WallInput.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   CQKWallData wall;

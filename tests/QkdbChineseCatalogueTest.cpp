@@ -246,7 +246,7 @@ TEST_F(QkdbChineseCatalogue, AnAtlasWallGoesFromWallsToWallAsItIs) {
   const json first = json::parse(walls.out).at(0);
   const std::string file = (s_dir->path() / "atlas-wall.json").string();
   { std::ofstream(file) << first.dump(); }
-  ToolRun wall = Qkdb("wall '" + file + "'");
+  ToolRun wall = Qkdb("wall --json '" + file + "'");
   ASSERT_EQ(wall.status, 0) << wall.err;
   const json again = json::parse(wall.out);
   for (const char* key : {"U", "U_winter", "D", "decrement", "delay_h"}) EXPECT_EQ(again[key], first[key]) << key;

@@ -16,6 +16,7 @@
 #include <set>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "DataCsv.h"
@@ -384,6 +385,28 @@ TEST(QkdbInit, AFileAnotherProgramHasOpenIsReplacedOnlyWhenToldEvenIfOpen) {
   EXPECT_EQ(QueryOne(path, "SELECT x FROM Kept"), "1");
   EXPECT_EQ(Qkdb("init --force --even-if-open --db '" + path.ToUtf8() + "'").status, 0);
   EXPECT_EQ(QueryOne(path, "SELECT COUNT(*) FROM Country"), "1");
+}
+
+// mkstemp makes the file being built 0600; the finished database must be readable as any file the user
+// makes is, or another user of a shared database reads "… is not an SQLite database".
+TEST(QkdbInit, ANewDatabaseGetsTheModeTheUmaskGives) {
+  TempDir dir;
+  for (const auto& [umask, mode] : {std::pair{"022", fs::perms(0644)}, std::pair{"027", fs::perms(0640)}}) {
+    const std::string path = (dir.path() / (std::string("ref-") + umask + ".db")).string();
+    const ToolRun run = RunShell(std::string("umask ") + umask + "; \"$QKDB\" init --db '" + path + "'");
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(fs::status(path).permissions(), mode) << "umask " << umask;
+  }
+}
+
+TEST(QkdbInit, AReplacedDatabaseKeepsItsMode) {
+  TempDir dir;
+  const std::string path = (dir.path() / "ref.db").string();
+  ASSERT_EQ(RunQkdb("init --db " + path), 0);
+  fs::permissions(path, fs::perms(0664));
+  const ToolRun run = RunShell("umask 077; \"$QKDB\" init --force --db '" + path + "'");
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(fs::status(path).permissions(), fs::perms(0664));
 }
 
 TEST(QkdbInit, EvenIfOpenNeedsForce) {

@@ -400,6 +400,40 @@ TEST_F(QkdbReadCommands, TheConstructionAndRoomTreesListWhatTheRowsSay) {
   EXPECT_EQ(rooms.out, "办公建筑\n  办公室\n  会议室\n");
 }
 
+// The IDs are the rows' own: 开封 is city 4, the brick-only code 2, 会议室 room use 2.
+TEST_F(QkdbReadCommands, IdsPutEachRowsIdBeforeItsName) {
+  ToolRun run = Run("tree envelope --ids");
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out,
+            "[1] 外墙\n  [1] ASHRAE外墙\n    [1] Light Exterior Wall\n    [2] Heavy Exterior Wall\n[2] 屋面\n"
+            "  [2] ASHRAE屋面\n");
+  run = Run("tree weather --ids");
+  EXPECT_NE(run.out.find("\n    [4] 开封\n"), std::string::npos) << run.out;
+  EXPECT_EQ(Run("tree rooms --ids").out, "[1] 办公建筑\n  [1] 办公室\n  [2] 会议室\n");
+}
+
+TEST_F(QkdbReadCommands, TheJsonTreeHasIdsNamesAndLevels) {
+  const json weather = Json("tree weather");
+  ASSERT_EQ(weather.size(), 1u);
+  EXPECT_EQ(weather[0]["level"], "country");
+  const json& henan = weather[0]["children"][1];
+  EXPECT_EQ(henan["id"], 2);
+  EXPECT_EQ(henan["name"], "河南");
+  EXPECT_EQ(henan["level"], "province");
+  ASSERT_EQ(henan["children"].size(), 4u);
+  EXPECT_EQ(henan["children"][2], json::parse(R"({"id": 4, "name": "开封", "level": "city", "children": []})"));
+  const json envelope = Json("tree envelope");
+  EXPECT_EQ(envelope[0]["children"][0]["level"], "type");
+  EXPECT_EQ(envelope[0]["children"][0]["children"][1],
+            json::parse(R"({"id": 2, "name": "Heavy Exterior Wall", "level": "code", "children": []})"));
+  EXPECT_EQ(Json("tree constructions")[1]["children"][1]["level"], "construction");
+  EXPECT_EQ(Json("tree rooms")[0]["children"][1], json::parse(R"({"id": 2, "name": "会议室", "level": "room use", "children": []})"));
+  // The filter holds in JSON too.
+  EXPECT_EQ(Json("tree weather --with-weather")[0]["children"][1]["children"].size(), 2u);
+}
+
+TEST_F(QkdbReadCommands, IdsAreForTheTextOnly) { ExpectRefused(Run("tree weather --ids --json"), 2); }
+
 TEST_F(QkdbReadCommands, WithWeatherBelongsToTheWeatherTreeOnly) {
   ExpectRefused(Run("tree envelope --with-weather"), 2);
 }
@@ -460,7 +494,7 @@ TEST_F(QkdbReadCommands, AWallOfWallsJsonIsComputedAgainByWallWithTheSameResults
   const json walls = Json("walls --type ASHRAE外墙");
   ASSERT_EQ(walls.size(), 2u);
   for (const json& wall : walls) {
-    ToolRun run = Qkdb("wall '" + Write("wall.json", wall.dump()) + "'");
+    ToolRun run = Qkdb("wall --json '" + Write("wall.json", wall.dump()) + "'");
     ASSERT_EQ(run.status, 0) << run.err;
     const json again = json::parse(run.out);
     EXPECT_EQ(again["U"], wall["U"]) << wall["code"];
@@ -483,7 +517,7 @@ TEST_F(QkdbReadCommands, AWallOfWallsJsonIsSizedByThicknessForTheUAskedFor) {
   ASSERT_LT(layer, light["layers"].size());
   EXPECT_GT(sized["thickness"].get<double>(), light["layers"][layer]["thickness"].get<double>());
   light["layers"][layer]["thickness"] = sized["thickness"];
-  ToolRun again = Qkdb("wall '" + Write("sized.json", light.dump()) + "'");
+  ToolRun again = Qkdb("wall --json '" + Write("sized.json", light.dump()) + "'");
   ASSERT_EQ(again.status, 0) << again.err;
   EXPECT_NEAR(json::parse(again.out)["U"].get<double>(), target, 1e-9 * target);
 }
@@ -492,11 +526,11 @@ TEST_F(QkdbReadCommands, TheResultsOfAWallsElementAreNotRead) {
   json light = Json("walls --type ASHRAE外墙")[0];
   const json u = light["U"];
   light["U"] = 99.0;  // a stale or edited result changes nothing
-  ToolRun run = Qkdb("wall '" + Write("wall.json", light.dump()) + "'");
+  ToolRun run = Qkdb("wall --json '" + Write("wall.json", light.dump()) + "'");
   ASSERT_EQ(run.status, 0) << run.err;
   EXPECT_EQ(json::parse(run.out)["U"], u);
   light["code"] = 7;
-  ToolRun refused = Qkdb("wall '" + Write("bad.json", light.dump()) + "'");
+  ToolRun refused = Qkdb("wall --json '" + Write("bad.json", light.dump()) + "'");
   EXPECT_EQ(refused.status, 2);
   EXPECT_NE(refused.err.find("\"code\" is not a string"), std::string::npos) << refused.err;
 }

@@ -82,7 +82,7 @@ TEST(QkdbCommandLine, WithoutACommandPrintsTheUsageAndFails) {
 // --- wall: the output ----------------------------------------------------------------------------
 
 TEST(QkdbWall, PrintsEveryResultKey) {
-  ToolRun run = QkdbWithInput("wall", kBrick);
+  ToolRun run = QkdbWithInput("wall --json", kBrick);
   ASSERT_EQ(run.status, 0) << run.err;
   json out = Parsed(run);
   for (const char* key : {"U", "U_winter", "U_internal", "D", "decrement", "delay_h", "harmonics", "response"})
@@ -92,7 +92,7 @@ TEST(QkdbWall, PrintsEveryResultKey) {
 }
 
 TEST(QkdbWall, PrintsTwelveHarmonicsNumberedFromOne) {
-  json out = Parsed(QkdbWithInput("wall", kBrick));
+  json out = Parsed(QkdbWithInput("wall --json", kBrick));
   ASSERT_EQ(out["harmonics"].size(), 12u);
   for (int i = 0; i < 12; ++i) {
     const json& h = out["harmonics"][i];
@@ -103,7 +103,7 @@ TEST(QkdbWall, PrintsTwelveHarmonicsNumberedFromOne) {
 }
 
 TEST(QkdbWall, PrintsTwentyFourTermsOfEachResponse) {
-  json out = Parsed(QkdbWithInput("wall", kBrick));
+  json out = Parsed(QkdbWithInput("wall --json", kBrick));
   for (const char* key : {"inside", "through", "inside_ramp", "inside_step"}) {
     ASSERT_EQ(out["response"][key].size(), 24u) << key;
     for (const json& term : out["response"][key]) EXPECT_TRUE(term.is_number()) << key;
@@ -111,25 +111,25 @@ TEST(QkdbWall, PrintsTwentyFourTermsOfEachResponse) {
 }
 
 TEST(QkdbWall, SummerUOfOneBrickLayerIsOneOverTheResistances) {
-  json out = Parsed(QkdbWithInput("wall", kBrick));
+  json out = Parsed(QkdbWithInput("wall --json", kBrick));
   double expected = 1.0 / (1.0 / 18.6 + 0.24 / 0.81 + 1.0 / 8.7);
   EXPECT_NEAR(out["U"].get<double>(), expected, 1e-12 * expected);
 }
 
 TEST(QkdbWall, WinterUUsesTheWinterOutsideCoefficient) {
-  json out = Parsed(QkdbWithInput("wall", kBrick));
+  json out = Parsed(QkdbWithInput("wall --json", kBrick));
   double expected = 1.0 / (1.0 / 23.0 + 0.24 / 0.81 + 1.0 / 8.7);
   EXPECT_NEAR(out["U_winter"].get<double>(), expected, 1e-12 * expected);
 }
 
 TEST(QkdbWall, InternalUHasTheInsideCoefficientOnBothFaces) {
-  json out = Parsed(QkdbWithInput("wall", kBrick));
+  json out = Parsed(QkdbWithInput("wall --json", kBrick));
   double expected = 1.0 / (2.0 / 8.7 + 0.24 / 0.81);
   EXPECT_NEAR(out["U_internal"].get<double>(), expected, 1e-12 * expected);
 }
 
 TEST(QkdbWall, UsesTheSurfaceCoefficientsGiven) {
-  json out = Parsed(QkdbWithInput("wall", R"({"inside": 7.0, "outside": 25.0, "outside_winter": 30.0, "layers": [
+  json out = Parsed(QkdbWithInput("wall --json", R"({"inside": 7.0, "outside": 25.0, "outside_winter": 30.0, "layers": [
       {"thickness": 0.24, "conductivity": 0.81, "density": 1800, "specific_heat": 1.05}]})"));
   double summer = 1.0 / (1.0 / 25.0 + 0.24 / 0.81 + 1.0 / 7.0);
   double winter = 1.0 / (1.0 / 30.0 + 0.24 / 0.81 + 1.0 / 7.0);
@@ -138,14 +138,14 @@ TEST(QkdbWall, UsesTheSurfaceCoefficientsGiven) {
 }
 
 TEST(QkdbWall, AppliesTheConductivityCorrection) {
-  json out = Parsed(QkdbWithInput("wall", R"({"layers": [{"thickness": 0.24, "conductivity": 0.81, "density": 1800,
+  json out = Parsed(QkdbWithInput("wall --json", R"({"layers": [{"thickness": 0.24, "conductivity": 0.81, "density": 1800,
       "specific_heat": 1.05, "conductivity_correction": 1.25}]})"));
   double expected = 1.0 / (1.0 / 18.6 + 0.24 / (0.81 * 1.25) + 1.0 / 8.7);
   EXPECT_NEAR(out["U"].get<double>(), expected, 1e-12 * expected);
 }
 
 TEST(QkdbWall, InertiaIndexIsResistanceTimesStorageCoefficient) {
-  json out = Parsed(QkdbWithInput("wall", kBrick));
+  json out = Parsed(QkdbWithInput("wall --json", kBrick));
   // S of the 24-hour period, W/(m²·K): 86.4 turns kJ and a day in seconds into W.
   double s = std::sqrt(2.0 * std::numbers::pi * 0.81 * 1.05 * 1800.0 / 86.4);
   double expected = 0.24 / 0.81 * s;
@@ -174,7 +174,7 @@ TEST(QkdbWall, PrintsTheLibrarysDoublesExactly) {
   wall.Cal(1);
   wall.Cal(0);
 
-  json out = Parsed(QkdbWithInput("wall", kInsulated));
+  json out = Parsed(QkdbWithInput("wall --json", kInsulated));
   EXPECT_EQ(out["U"].get<double>(), wall.CrXs);
   EXPECT_EQ(out["U_winter"].get<double>(), wall.DjCrXs);
   EXPECT_EQ(out["decrement"].get<double>(), wall.CrSj);
@@ -185,19 +185,19 @@ TEST(QkdbWall, PrintsTheLibrarysDoublesExactly) {
 
 TEST(QkdbWall, ReadsTheSameWallFromAFileAsFromStandardInput) {
   std::string file = WriteTemp(".json", kInsulated);
-  ToolRun fromFile = QkdbWithInput("wall '" + file + "'");
-  ToolRun fromStdin = QkdbWithInput("wall", kInsulated);
+  ToolRun fromFile = QkdbWithInput("wall --json '" + file + "'");
+  ToolRun fromStdin = QkdbWithInput("wall --json", kInsulated);
   std::remove(file.c_str());
   ASSERT_EQ(fromFile.status, 0) << fromFile.err;
   EXPECT_EQ(fromFile.out, fromStdin.out);
 }
 
 TEST(QkdbWall, ReadsStandardInputForADash) {
-  EXPECT_EQ(QkdbWithInput("wall -", kInsulated).out, QkdbWithInput("wall", kInsulated).out);
+  EXPECT_EQ(QkdbWithInput("wall --json -", kInsulated).out, QkdbWithInput("wall --json", kInsulated).out);
 }
 
 TEST(QkdbWall, AcceptsAChineseLayerName) {
-  ToolRun run = QkdbWithInput("wall", R"({"layers": [{"name": "黏土实心砖", "thickness": 0.24, "conductivity": 0.81,
+  ToolRun run = QkdbWithInput("wall --json", R"({"layers": [{"name": "黏土实心砖", "thickness": 0.24, "conductivity": 0.81,
       "density": 1800, "specific_heat": 1.05}]})");
   EXPECT_EQ(run.status, 0) << run.err;
 }
@@ -205,7 +205,7 @@ TEST(QkdbWall, AcceptsAChineseLayerName) {
 // --- wall: input it refuses ----------------------------------------------------------------------
 
 TEST(QkdbWall, RefusesMalformedJson) {
-  ToolRun run = QkdbWithInput("wall", R"({"layers": [)");
+  ToolRun run = QkdbWithInput("wall --json", R"({"layers": [)");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err.rfind("qkdb wall: the input is not valid JSON: ", 0), 0u) << run.err;
   EXPECT_TRUE(IsOneLine(run.err)) << run.err;
@@ -213,19 +213,19 @@ TEST(QkdbWall, RefusesMalformedJson) {
 }
 
 TEST(QkdbWall, RefusesEmptyInput) {
-  ToolRun run = QkdbWithInput("wall", "");
+  ToolRun run = QkdbWithInput("wall --json", "");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err.rfind("qkdb wall: the input is not valid JSON: ", 0), 0u) << run.err;
 }
 
 TEST(QkdbWall, RefusesInputThatIsNotAnObject) {
-  ToolRun run = QkdbWithInput("wall", "[1, 2]");
+  ToolRun run = QkdbWithInput("wall --json", "[1, 2]");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: the input is not a JSON object\n");
 }
 
 TEST(QkdbWall, NamesAMissingRequiredFieldAndItsLayer) {
-  ToolRun run = QkdbWithInput("wall", R"({"layers": [
+  ToolRun run = QkdbWithInput("wall --json", R"({"layers": [
       {"thickness": 0.24, "conductivity": 0.81, "density": 1800, "specific_heat": 1.05},
       {"thickness": 0.02, "density": 1600, "specific_heat": 1.05}]})");
   EXPECT_EQ(run.status, 2);
@@ -233,35 +233,35 @@ TEST(QkdbWall, NamesAMissingRequiredFieldAndItsLayer) {
 }
 
 TEST(QkdbWall, NamesTheLayerByItsNameWhenItHasOne) {
-  ToolRun run = QkdbWithInput("wall", R"({"layers": [{"name": "石灰砂浆", "thickness": 0.02, "conductivity": 0.81,
+  ToolRun run = QkdbWithInput("wall --json", R"({"layers": [{"name": "石灰砂浆", "thickness": 0.02, "conductivity": 0.81,
       "specific_heat": 1.05}]})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: layer 1 \"石灰砂浆\": \"density\" is missing\n");
 }
 
 TEST(QkdbWall, KeepsTheMessageOnOneLineForANameWithALineBreak) {
-  ToolRun run = QkdbWithInput("wall", R"({"layers": [{"name": "lime\nplaster", "thickness": 0.02}]})");
+  ToolRun run = QkdbWithInput("wall --json", R"({"layers": [{"name": "lime\nplaster", "thickness": 0.02}]})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: layer 1 \"lime\\nplaster\": \"conductivity\" is missing\n");
 }
 
 TEST(QkdbWall, ReadsAFileThatBeginsWithAByteOrderMark) {
   std::string file = WriteTemp(".json", std::string("\xEF\xBB\xBF") + kBrick);
-  ToolRun withMark = QkdbWithInput("wall '" + file + "'");
+  ToolRun withMark = QkdbWithInput("wall --json '" + file + "'");
   std::remove(file.c_str());
   EXPECT_EQ(withMark.status, 0) << withMark.err;
-  EXPECT_EQ(withMark.out, QkdbWithInput("wall", kBrick).out);
+  EXPECT_EQ(withMark.out, QkdbWithInput("wall --json", kBrick).out);
 }
 
 TEST(QkdbWall, RefusesANonNumberWhereANumberIsRequired) {
-  ToolRun run = QkdbWithInput("wall", R"({"layers": [{"thickness": "0.24", "conductivity": 0.81, "density": 1800,
+  ToolRun run = QkdbWithInput("wall --json", R"({"layers": [{"thickness": "0.24", "conductivity": 0.81, "density": 1800,
       "specific_heat": 1.05}]})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: layer 1: \"thickness\" is not a number (got \"0.24\")\n");
 }
 
 TEST(QkdbWall, RefusesANonNumberCoefficient) {
-  ToolRun run = QkdbWithInput("wall", R"({"outside": null, "layers": [{"thickness": 0.24, "conductivity": 0.81,
+  ToolRun run = QkdbWithInput("wall --json", R"({"outside": null, "layers": [{"thickness": 0.24, "conductivity": 0.81,
       "density": 1800, "specific_heat": 1.05}]})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: \"outside\" is not a number (got null)\n");
@@ -273,7 +273,7 @@ TEST_P(QkdbWallCoefficient, RefusesAZeroCoefficient) {
   std::string input = std::string("{\"") + GetParam() +
                       R"(": 0, "layers": [{"thickness": 0.24, "conductivity": 0.81, "density": 1800,
                       "specific_heat": 1.05}]})";
-  ToolRun run = QkdbWithInput("wall", input);
+  ToolRun run = QkdbWithInput("wall --json", input);
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, std::string("qkdb wall: \"") + GetParam() + "\" must be positive (got 0)\n");
 }
@@ -282,7 +282,7 @@ TEST_P(QkdbWallCoefficient, RefusesANegativeCoefficient) {
   std::string input = std::string("{\"") + GetParam() +
                       R"(": -8.7, "layers": [{"thickness": 0.24, "conductivity": 0.81, "density": 1800,
                       "specific_heat": 1.05}]})";
-  ToolRun run = QkdbWithInput("wall", input);
+  ToolRun run = QkdbWithInput("wall --json", input);
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, std::string("qkdb wall: \"") + GetParam() + "\" must be positive (got -8.7)\n");
 }
@@ -290,46 +290,46 @@ TEST_P(QkdbWallCoefficient, RefusesANegativeCoefficient) {
 INSTANTIATE_TEST_SUITE_P(EachSurface, QkdbWallCoefficient, testing::Values("inside", "outside", "outside_winter"));
 
 TEST(QkdbWall, RefusesAZeroConductivity) {
-  ToolRun run = QkdbWithInput("wall", R"({"layers": [{"thickness": 0.24, "conductivity": 0, "density": 1800,
+  ToolRun run = QkdbWithInput("wall --json", R"({"layers": [{"thickness": 0.24, "conductivity": 0, "density": 1800,
       "specific_heat": 1.05}]})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: layer 1: \"conductivity\" must be positive (got 0)\n");
 }
 
 TEST(QkdbWall, RefusesANegativeThickness) {
-  ToolRun run = QkdbWithInput("wall", R"({"layers": [{"thickness": -0.24, "conductivity": 0.81, "density": 1800,
+  ToolRun run = QkdbWithInput("wall --json", R"({"layers": [{"thickness": -0.24, "conductivity": 0.81, "density": 1800,
       "specific_heat": 1.05}]})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: layer 1: \"thickness\" must not be negative (got -0.24)\n");
 }
 
 TEST(QkdbWall, RefusesAnEmptyLayerArray) {
-  ToolRun run = QkdbWithInput("wall", R"({"inside": 8.7, "layers": []})");
+  ToolRun run = QkdbWithInput("wall --json", R"({"inside": 8.7, "layers": []})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: \"layers\" is empty: a wall needs at least one layer\n");
 }
 
 TEST(QkdbWall, RefusesAWallWithoutLayers) {
-  ToolRun run = QkdbWithInput("wall", R"({"inside": 8.7})");
+  ToolRun run = QkdbWithInput("wall --json", R"({"inside": 8.7})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: \"layers\" is missing\n");
 }
 
 TEST(QkdbWall, RefusesLayersThatAreNotAnArray) {
-  ToolRun run = QkdbWithInput("wall", R"({"layers": {"thickness": 0.24}})");
+  ToolRun run = QkdbWithInput("wall --json", R"({"layers": {"thickness": 0.24}})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: \"layers\" is not an array\n");
 }
 
 TEST(QkdbWall, RefusesALayerThatIsNotAnObject) {
-  ToolRun run = QkdbWithInput("wall", R"({"layers": [0.24]})");
+  ToolRun run = QkdbWithInput("wall --json", R"({"layers": [0.24]})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: layer 1: not a JSON object\n");
 }
 
 // A misspelt optional key would otherwise fall back to its default without a word.
 TEST(QkdbWall, RefusesAnUnknownKey) {
-  ToolRun run = QkdbWithInput("wall", R"({"layers": [{"thickness": 0.24, "conductivity": 0.81, "density": 1800,
+  ToolRun run = QkdbWithInput("wall --json", R"({"layers": [{"thickness": 0.24, "conductivity": 0.81, "density": 1800,
       "specific_heat": 1.05, "density_corection": 0.9}]})");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: layer 1: unknown key \"density_corection\"\n");
@@ -337,13 +337,13 @@ TEST(QkdbWall, RefusesAnUnknownKey) {
 
 TEST(QkdbWall, RefusesAMissingFile) {
   std::string missing = TempPath(".does-not-exist");
-  ToolRun run = QkdbWithInput("wall '" + missing + "'");
+  ToolRun run = QkdbWithInput("wall --json '" + missing + "'");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: cannot read \"" + missing + "\": No such file or directory\n");
 }
 
 TEST(QkdbWall, RefusesADirectoryAsFile) {
-  ToolRun run = QkdbWithInput("wall /");
+  ToolRun run = QkdbWithInput("wall --json /");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: cannot read \"/\": Is a directory\n");
 }
@@ -352,7 +352,7 @@ TEST(QkdbWall, RefusesADirectoryAsFile) {
 
 // The stream tests run under a 10 s timeout: a tool that kept reading would be killed (status 124).
 TEST(QkdbWall, RefusesADeviceGivenAsFileBeforeReadingIt) {
-  ToolRun run = QkdbWithInput("wall /dev/zero");
+  ToolRun run = QkdbWithInput("wall --json /dev/zero");
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.err, "qkdb wall: \"/dev/zero\" is not a regular file\n");
 }
@@ -371,7 +371,7 @@ TEST(QkdbWall, RefusesAnEndlessPipeOnceItPassesTheLimit) {
 
 TEST(QkdbWall, RefusesAFileLargerThanAWallCanBe) {
   const std::string big = WriteTemp(".json", std::string(kBrick) + std::string(64 * 1024, ' '));
-  ToolRun run = QkdbWithInput("wall '" + big + "'");
+  ToolRun run = QkdbWithInput("wall --json '" + big + "'");
   std::remove(big.c_str());
   EXPECT_EQ(run.status, 2);
   EXPECT_NE(run.err.find("is larger than 64 KiB (" + std::to_string(std::string(kBrick).size() + 64 * 1024) + " bytes)"),
@@ -383,10 +383,10 @@ TEST(QkdbWall, RefusesAFileLargerThanAWallCanBe) {
 TEST(QkdbWall, TakesAWallOfExactlyTheLimit) {
   const std::string text = std::string(kBrick) + std::string(64 * 1024 - std::string(kBrick).size(), ' ');
   const std::string file = WriteTemp(".json", text);
-  ToolRun fromFile = QkdbWithInput("wall '" + file + "'");
+  ToolRun fromFile = QkdbWithInput("wall --json '" + file + "'");
   std::remove(file.c_str());
   EXPECT_EQ(fromFile.status, 0) << fromFile.err;
-  ToolRun fromInput = QkdbWithInput("wall", text);
+  ToolRun fromInput = QkdbWithInput("wall --json", text);
   EXPECT_EQ(fromInput.status, 0) << fromInput.err;
 }
 

@@ -159,10 +159,13 @@ class Wall:
     over the inside surface's; ``harmonics`` (12×4: attenuation multiple, phase, inside modulus, inside
     phase per harmonic of the day) and ``response`` (4×24: inside, through, inside ramp and inside step
     response terms, hour by hour) as numpy arrays. Bad layers raise ValueError with the tool's message.
+    A value beyond any building material (a layer thicker than 2 m, λ above 500 W/(m·K), ρ above
+    25 000 kg/m³, c above 10 kJ/(kg·K)) is taken for another unit and refused unless ``force=True``.
     """
 
     def __init__(self, layers: Iterable[Union[Mapping[str, Any], Sequence[Any]]], inside: float = 8.7,
-                 outside: float = 18.6, outside_winter: float = 23.0, code: Optional[str] = None):
+                 outside: float = 18.6, outside_winter: float = 23.0, code: Optional[str] = None,
+                 force: bool = False):
         self.layers = [_layer(layer) for layer in layers]
         self.code = code
         wall = {"inside": inside, "outside": outside, "outside_winter": outside_winter, "layers": self.layers}
@@ -170,7 +173,7 @@ class Wall:
             text = _json.dumps(wall, allow_nan=False)
         except (TypeError, ValueError) as error:
             raise ValueError(f"the wall cannot be read: {error}") from None
-        self._wall = _qkdb._Wall(text)
+        self._wall = _qkdb._Wall(text, bool(force))
 
     u = property(lambda self: self._wall.u, doc="U with the summer outside coefficient, W/(m²·K).")
     u_winter = property(lambda self: self._wall.u_winter, doc="U with the winter outside coefficient, W/(m²·K).")

@@ -6,7 +6,7 @@
 #include "Database.h"
 #include "Errors.h"
 #include "Wall.h"
-#include "answers/WallInput.h"
+#include "answers/wall/WallInput.h"
 
 namespace py = pybind11;
 

@@ -7,7 +7,8 @@
 #include <string>
 #include <utility>
 
-#include "answers/WallInput.h"
+#include "answers/wall/WallAnswer.h"
+#include "answers/wall/WallInput.h"
 #include "construction/CQKWallData.h"
 
 namespace py = pybind11;
@@ -20,13 +21,12 @@ py::value_error Unreachable() {
   return py::value_error("the U asked for cannot be reached: the other layers and the surfaces alone give a lower U");
 }
 
-// The wall of a JSON text as "qkdb wall" reads it ({"layers": [...], "inside": …}), computed: winter
-// first (Cal(1) fills the winter U only), then the whole summer calculation, as the tool does.
+// The wall of a JSON text as "qkdb wall" reads it ({"layers": [...], "inside": …}), calculated as the
+// tool calculates it.
 class Wall {
  public:
-  explicit Wall(const std::string& json) : m_wall(qkdb::ParseWall(json)) {
-    m_wall.Cal(1);
-    m_wall.Cal(0);
+  Wall(const std::string& json, bool force) : m_wall(qkdb::ParseWall(json, {force, "force=True"})) {
+    qkdb::CalculateWall(m_wall);
   }
 
   double U() const { return m_wall.CrXs; }
@@ -35,8 +35,7 @@ class Wall {
   double D() const { return m_wall.CalD(); }
   double Decrement() const { return m_wall.CrSj; }
   double DelayH() const { return m_wall.CrYc; }
-  // GB 50176's 衰减倍数 ν: the outside air's amplitude over the inside surface's, α_i / (f·U).
-  double Nu() const { return m_wall.GetNHrXsData() / (m_wall.CrSj * m_wall.CrXs); }
+  double Nu() const { return qkdb::Nu(m_wall); }
   double Inside() const { return m_wall.GetNHrXsData(); }
 
   py::array_t<double> Harmonics() const {
@@ -68,24 +67,15 @@ class Wall {
   // surfaces leave of 1/u.
   std::pair<int, double> ThicknessFor(double u, std::optional<int> layer, bool winter) const {
     if (!(u > 0.0)) throw py::value_error("the U asked for must be positive, W/(m²·K)");
-    const CQKLayerArray layers = m_wall.GetTimberingData();
-    if (!layer) {
-      int index = -1;
-      double thickness = 0.0;
-      winter ? m_wall.CurrectDjThick(u, index, thickness) : m_wall.CurrectThick(u, index, thickness);
-      if (thickness < 0.0) throw Unreachable();
-      return {index, thickness};
+    qkdb::ThicknessAnswer answer;
+    try {
+      answer = qkdb::ThicknessFor(m_wall, u, layer, winter);
+    } catch (const qkdb::ThicknessError& e) {
+      if (e.kind == qkdb::ThicknessError::Kind::kNoSuchLayer) throw py::index_error(e.what());
+      throw py::value_error(e.what());
     }
-    if (*layer < 0 || *layer >= layers.GetSize())
-      throw py::index_error("layer " + std::to_string(*layer) + " is not a layer of this wall (0 to " +
-                            std::to_string(layers.GetSize() - 1) + ")");
-    const tagQKTIMBERINGCHARACTER& t = layers[*layer];
-    if (t.GMD * t.GMCXz * t.BRr == 0.0) throw py::value_error("layer " + std::to_string(*layer) + " has no mass: its thickness does not count");
-    const double conductivity = t.DrXs * t.DrXsXz;
-    const double others = 1.0 / (winter ? m_wall.DjCrXs : m_wall.CrXs) - t.Thick / conductivity;
-    const double thickness = (1.0 / u - others) * conductivity;
-    if (thickness < 0.0) throw Unreachable();
-    return {*layer, thickness};
+    if (answer.thickness < 0.0) throw Unreachable();
+    return {answer.layer, answer.thickness};
   }
 
  private:
@@ -96,7 +86,7 @@ class Wall {
 
 void DefineWall(py::module_& m) {
   py::class_<Wall>(m, "_Wall")
-      .def(py::init<const std::string&>(), py::arg("json"))
+      .def(py::init<const std::string&, bool>(), py::arg("json"), py::arg("force") = false)
       .def_property_readonly("u", &Wall::U)
       .def_property_readonly("u_winter", &Wall::UWinter)
       .def_property_readonly("u_internal", &Wall::UInternal)

@@ -21,7 +21,7 @@ BRICK = [
 
 
 def tool_wall(wall):
-    run = subprocess.run([os.environ["QKDB_TOOL"], "wall"], input=json.dumps(wall), capture_output=True, text=True)
+    run = subprocess.run([os.environ["QKDB_TOOL"], "wall", "--json"], input=json.dumps(wall), capture_output=True, text=True)
     return run
 
 
@@ -86,6 +86,15 @@ def test_bad_layers_raise_the_tools_message():
         qkdb.Wall([(0.1, 0.5)])
     with pytest.raises(ValueError):
         qkdb.Wall([dict(BRICK[0], thickness=float("nan"))])
+
+
+def test_a_value_in_another_unit_is_refused_unless_forced():
+    in_mm = [dict(BRICK[0]), dict(BRICK[1], thickness=240), dict(BRICK[2])]
+    with pytest.raises(ValueError) as raised:
+        qkdb.Wall(in_mm)
+    assert "thickness is in metres" in str(raised.value) and "force=True" in str(raised.value)
+    assert tool_wall({"layers": in_mm}).returncode == 2
+    assert qkdb.Wall(in_mm, force=True).u < 0.01
 
 
 layer = st.fixed_dictionaries(

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "text/CsvTable.h"
@@ -52,6 +53,18 @@ void SyncFolder(const std::filesystem::path& folder) {
   }
 }
 
+// The mode the finished file gets: that of the file it replaces, so a database shared with a group stays
+// shared; else what a plain create would give under the process's umask (0644 under umask 022).
+// mkstemp makes its file 0600 whatever the umask: left so, other users of a shared database would
+// read "… is not an SQLite database".
+mode_t ModeFor(const std::filesystem::path& target) {
+  struct stat existing;
+  if (stat(target.c_str(), &existing) == 0) return existing.st_mode & 07777;
+  const mode_t mask = umask(0);  // the only way to read the umask; put back at once
+  umask(mask);
+  return 0666 & ~mask;
+}
+
 }  // namespace
 
 AtomicFile::AtomicFile(const std::filesystem::path& target, const std::string& purpose) {
@@ -80,7 +93,10 @@ AtomicFile::AtomicFile(const std::filesystem::path& target, const std::string& p
   m_path = g_temporary;
   sigprocmask(SIG_SETMASK, &previous, nullptr);
   if (fd < 0) throw DataError("cannot create a file beside " + target.string() + ": " + std::strerror(error));
+  const bool moded = fchmod(fd, ModeFor(m_target)) == 0;
+  const int modeError = errno;
   close(fd);
+  if (!moded) throw DataError("cannot set the mode of " + m_path + ": " + std::strerror(modeError));
 }
 
 AtomicFile::~AtomicFile() {

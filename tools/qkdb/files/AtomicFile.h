@@ -5,6 +5,8 @@
 // on one file system. Ctrl-C, SIGHUP and SIGTERM remove it (and its SQLite journal) before the process
 // ends; a SIGKILL cannot be caught and leaves it beside the target, whose name says what it is.
 //
+// The file keeps the mode of the file it replaces; a new one gets the mode the umask gives.
+//
 // One AtomicFile at a time per process: the signal handler knows a single temporary file.
 
 #include <filesystem>

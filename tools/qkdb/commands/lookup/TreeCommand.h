@@ -1,7 +1,8 @@
 #pragma once
-// qkdb tree weather [--with-weather] | envelope | constructions | rooms [--db PATH]: one of the
-// library's display trees as indented text, two blanks per level, the library's own root left out
-// (the first level is the tree's top rows):
+// qkdb tree weather [--with-weather] | envelope | constructions | rooms [--ids] [--json] [--db PATH]:
+// one of the library's display trees, the library's own root left out (the first level is the tree's
+// top rows). As indented text, two blanks per level, each name after its row's ID with --ids; or as
+// JSON, each node {"id", "name", "level", "children"}:
 //   weather        countries > provinces > cities (--with-weather: only places with a weather file)
 //   envelope       envelope categories > types > codes
 //   constructions  construction types > constructions
@@ -19,14 +20,16 @@ class TreeCommand {
  public:
   explicit TreeCommand(CLI::App& parent);
   bool Chosen() const;
-  // The exit status: 0, or 2 for a command line or a database that cannot be used.
+  // The exit status: 0, or 2 when the database cannot be used.
   int Run() const;
 
  private:
   CLI::App* m_app;
   std::string m_which;
-  bool m_withWeather = false;
   std::string m_db;
+  bool m_withWeather = false;
+  bool m_ids = false;
+  bool m_json = false;
 };
 
 }  // namespace qkdb

@@ -31,9 +31,9 @@ WallsCommand::WallsCommand(CLI::App& parent) {
   m_app->add_option("--db", m_db, "The reference database (default: $QKDB_DATABASE, else the one \"qkdb init\" built)");
   m_app->footer(
       "One line per code, in ID order: U in summer and winter, W/(m²·K); D, the thermal inertia index; the\n"
-      "decrement factor f of the daily outside temperature wave (衰减倍数 ν = 1/f); its delay, h; the layers\n"
-      "outside to inside with their thicknesses, mm. Surface coefficients: inside 8.7, outside 18.6 (summer)\n"
-      "and 23.0 (winter), W/(m²·K).\n"
+      "decrement factor f of the daily outside temperature wave (ISO 13786; GB 50176's 衰减倍数 is not 1/f but\n"
+      "ν = α_i/(f·U), which \"qkdb wall\" reports); its delay, h; the layers outside to inside with their\n"
+      "thicknesses, mm. Surface coefficients: inside 8.7, outside 18.6 (summer) and 23.0 (winter), W/(m²·K).\n"
       "--json: [{\"code\", \"inside\", \"outside\", \"outside_winter\", \"layers\": [{\"name\", \"thickness\" (m),\n"
       "\"conductivity\", \"density\", \"specific_heat\" (kJ/(kg·K)), \"conductivity_correction\",\n"
       "\"density_correction\"}], \"U\", \"U_winter\", \"D\", \"decrement\", \"delay_h\"}]. Each element is a wall\n"

@@ -8,19 +8,29 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "answers/WallInput.h"
+#include "answers/wall/WallAnswer.h"
+#include "answers/wall/WallInput.h"
 
 namespace qkdb {
 
 ThicknessCommand::ThicknessCommand(CLI::App& parent) {
-  m_app = parent.add_subcommand("thickness", "Find the layer thickness that gives a wall a required U");
+  m_app = parent.add_subcommand("thickness", "Find the thickness of one layer that gives a wall a required U");
   m_app->add_option("--target-u", m_targetU, "The U to reach, W/(m²·K)")->required();
-  m_app->add_flag("--winter", m_winter, "Use the winter outside coefficient (default: the summer one)");
+  m_app->add_option("--layer", m_layer,
+                    "The layer to resize, counting from 0 (the outside layer) as \"layers\" does (default: the "
+                    "layer with the smallest λ·a)");
+  m_app->add_flag("--winter", m_winter,
+                  "Use the winter outside coefficient (outside_winter, 23.0 by default) instead of the summer one: "
+                  "the U limits of GB 55015 are winter values");
+  m_app->add_flag("--force", m_force, "Take values beyond any building material as given, as \"qkdb wall --force\"");
   m_app->add_option("FILE", m_file, "The wall as JSON, as for \"qkdb wall\"; standard input when absent or \"-\"");
   m_app->footer(
-      "Prints {\"layer\": index, \"thickness\": m}: index counts from 0 in \"layers\". Exit status 1 (with the\n"
-      "answer printed) when the thickness comes out negative: the other layers alone already resist more\n"
-      "than the target allows.");
+      "Prints {\"layer\": index, \"thickness\": m}. Without --layer the layer resized is the one with the\n"
+      "smallest λ·a, a = λ/(ρ·c) its thermal diffusivity: in a usual wall the insulation, the layer one\n"
+      "thickens in practice. A mass-less layer (an air gap) cannot be resized: its thickness does not count.\n"
+      "U limits such as GB 55015's are winter values, so check a wall against them with --winter. Exit\n"
+      "status 1 (with the answer printed) when the thickness comes out negative: the other layers alone\n"
+      "already resist more than the target allows.");
 }
 
 bool ThicknessCommand::Chosen() const { return m_app->parsed(); }
@@ -32,20 +42,19 @@ int ThicknessCommand::Run() const {
     return Refuse("thickness", "--target-u must be a positive U in W/(m²·K) (got " + got.str() + ")");
   }
   CQKWallData wall;
+  ThicknessAnswer answer;
   try {
-    wall = ParseWall(ReadInput(m_file));
+    wall = ParseWall(ReadInput(m_file), {m_force, "--force"});
+    answer = ThicknessFor(wall, m_targetU, m_layer, m_winter);
   } catch (const InputError& e) {
     return Refuse("thickness", e.what());
+  } catch (const ThicknessError& e) {
+    return Refuse("thickness", e.what());
   }
-  int index = -1;
-  double thickness = 0.0;
-  QKLoad::ErrorType result =
-      m_winter ? wall.CurrectDjThick(m_targetU, index, thickness) : wall.CurrectThick(m_targetU, index, thickness);
-  if (result == QKLoad::ET_NOLAYER) return Refuse("thickness", "the wall has no layers");
 
-  nlohmann::ordered_json out{{"layer", index}, {"thickness", thickness}};
+  nlohmann::ordered_json out{{"layer", answer.layer}, {"thickness", answer.thickness}};
   std::cout << out.dump(2) << std::endl;
-  if (thickness < 0.0) {
+  if (answer.thickness < 0.0) {
     std::fputs("qkdb thickness: the target U cannot be reached: the other layers and the surfaces alone give a lower U\n",
                stderr);
     return 1;

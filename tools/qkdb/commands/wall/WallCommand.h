@@ -1,7 +1,8 @@
 #pragma once
-// qkdb wall [FILE]: the thermal characteristics of one wall (see WallInput.h for its JSON), as JSON on
-// standard output: U in summer, in winter and between two rooms, the inertia index, the decrement and
-// delay, the 12 harmonics of the daily period and the four 24-hour response series.
+// qkdb wall [FILE]: the thermal characteristics of one wall (see answers/wall/WallInput.h for its
+// JSON). By default a report an engineer reads: the layers, U in summer, in winter and between two
+// rooms, R, the inertia index, ISO 13786's decrement factor and delay, GB 50176's 衰减倍数 and 延迟时间,
+// and the hourly response terms. With --json the same figures and the 12 harmonics, every digit kept.
 
 #include <string>
 
@@ -21,6 +22,8 @@ class WallCommand {
  private:
   CLI::App* m_app;
   std::string m_file;
+  bool m_json = false;
+  bool m_force = false;
 };
 
 }  // namespace qkdb

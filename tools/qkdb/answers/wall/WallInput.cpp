@@ -1,4 +1,4 @@
-#include "answers/WallInput.h"
+#include "answers/wall/WallInput.h"
 
 #include <cmath>
 #include <cstdio>
@@ -69,8 +69,33 @@ void RefuseUnknownKeys(const json& object, const std::string& where, std::initia
   }
 }
 
+// A value far beyond any building material is almost always typed in another unit: a thickness in mm
+// (200 for 0.2 m) gives U = 0.0025, a specific heat in J/(kg·K) (1050 for 1.05) D = 104860. The limits
+// sit well above the real extremes (a 2 m rammed-earth wall; water's 4.2 kJ/(kg·K); copper's 400
+// W/(m·K); lead's 11 340 and osmium's 22 590 kg/m³).
+struct Limit {
+  const char* key;
+  double above;
+  const char* hint;
+};
+constexpr Limit kLimits[] = {
+    {"thickness", 2.0, "thickness is in metres"},
+    {"conductivity", 500.0, "conductivity is in W/(m·K)"},
+    {"density", 25000.0, "density is in kg/m³"},
+    {"specific_heat", 10.0, "specific heat is in kJ/(kg·K)"},
+};
+
+// force names the way the caller's user takes such a value as given ("--force", "force=True").
+void RefuseImplausible(const std::string& where, std::string_view key, double value, std::string_view force) {
+  for (const Limit& limit : kLimits) {
+    if (key == limit.key && value > limit.above)
+      throw InputError(where + Quoted(key) + " " + qkdb::Number(value) + " is implausible: " + limit.hint + " (" +
+                       std::string(force) + " takes it as given)");
+  }
+}
+
 // One layer; number counts from 1 (the first, outside layer is "layer 1"), as a person counts them.
-CQKTimberingData ParseLayer(const json& item, std::size_t number) {
+CQKTimberingData ParseLayer(const json& item, std::size_t number, const Plausibility& plausibility) {
   std::string where = "layer " + std::to_string(number) + ": ";
   if (!item.is_object()) throw InputError(where + "not a JSON object");
 
@@ -92,6 +117,12 @@ CQKTimberingData ParseLayer(const json& item, std::size_t number) {
   double specificHeat = Required(item, where, "specific_heat", Sign::kNotNegative);
   double conductivityCorrection = Optional(item, where, "conductivity_correction", Sign::kPositive, 1.0);
   double densityCorrection = Optional(item, where, "density_correction", Sign::kPositive, 1.0);
+  if (!plausibility.accept) {
+    RefuseImplausible(where, "thickness", thick, plausibility.force);
+    RefuseImplausible(where, "conductivity", conductivity, plausibility.force);
+    RefuseImplausible(where, "density", density, plausibility.force);
+    RefuseImplausible(where, "specific_heat", specificHeat, plausibility.force);
+  }
 
   CQKTimberingData layer;
   layer.SetThick(thick);
@@ -118,7 +149,7 @@ std::string ReadInput(const std::string& file) {
   return text;
 }
 
-CQKWallData ParseWall(const std::string& text) {
+CQKWallData ParseWall(const std::string& text, const Plausibility& plausibility) {
   json root;
   try {
     root = json::parse(text);
@@ -152,7 +183,7 @@ CQKWallData ParseWall(const std::string& text) {
   if (!layers) throw InputError("\"layers\" is missing");
   if (!layers->is_array()) throw InputError("\"layers\" is not an array");
   if (layers->empty()) throw InputError("\"layers\" is empty: a wall needs at least one layer");
-  for (std::size_t i = 0; i < layers->size(); ++i) wall.AddTimberingData(ParseLayer((*layers)[i], i + 1), false);
+  for (std::size_t i = 0; i < layers->size(); ++i) wall.AddTimberingData(ParseLayer((*layers)[i], i + 1, plausibility), false);
   if (const json* code = Member(root, "code")) wall.Name = CString::FromUtf8(code->get_ref<const std::string&>());
   return wall;
 }

@@ -28,9 +28,17 @@ struct InputError : std::runtime_error {
 // The whole of file, or of standard input when file is empty or "-".
 std::string ReadInput(const std::string& file);
 
+// Whether a layer value beyond any building material (a thickness above 2 m, a conductivity above 500
+// W/(m·K), a density above 25 000 kg/m³, a specific heat above 10 kJ/(kg·K)) is refused as typed in
+// another unit, or taken as given; force is how the refusal tells the user to take it as given.
+struct Plausibility {
+  bool accept = false;
+  std::string_view force = "--force";
+};
+
 // The wall described by text. Unknown keys are refused rather than ignored: a misspelt optional key
 // ("density_corection") would otherwise silently fall back to its default.
-CQKWallData ParseWall(const std::string& text);
+CQKWallData ParseWall(const std::string& text, const Plausibility& plausibility = {});
 
 // Prints "qkdb <command>: <message>" as one line on standard error; returns 2, the exit status of
 // input the tool cannot use.
