@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
+#include <regex>
+#include <sstream>
 #include <string>
 
 #include "QkdbRun.h"
@@ -59,4 +62,25 @@ TEST(QkdbTool, HelpListsTheCommands) {
 TEST(QkdbTool, UnknownCommandFailsWithUsage) {
   EXPECT_EQ(Qkdb("frobnicate").status, 2);
   EXPECT_EQ(Qkdb("").status, 2);
+}
+
+// Every file a README example hands to qkdb is shipped: a user can run each line as printed. The
+// files an example writes (after --db or -o) are left out.
+TEST(QkdbTool, EveryFileTheReadmesExamplesReadIsShipped) {
+  const fs::path root = fs::path(QK_DATA_DIR).parent_path();
+  std::ifstream readme(root / "README.md");
+  ASSERT_TRUE(readme) << "no README.md in " << root;
+  const std::regex file(R"((^|\s)(-o |--db )?([^\s'"]+\.(json|epw|mdb|accdb|csv)))");
+  int examples = 0;
+  std::string line;
+  while (std::getline(readme, line)) {
+    if (line.rfind("build/default/tools/qkdb/qkdb ", 0) != 0) continue;
+    const std::string command = line.substr(0, line.find('#'));
+    for (std::sregex_iterator it(command.begin(), command.end(), file), end; it != end; ++it) {
+      if ((*it)[2].matched) continue;
+      ++examples;
+      EXPECT_TRUE(fs::is_regular_file(root / (*it)[3].str())) << (*it)[3].str() << " in: " << line;
+    }
+  }
+  EXPECT_GE(examples, 4);  // the wall, thickness, EPW and Access examples at least
 }

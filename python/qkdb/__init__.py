@@ -231,9 +231,10 @@ class Database:
         return self._db.cities()
 
     def tree(self, which: str) -> list:
-        """One of the library's trees as nested lists of dicts (name, id, children): "weather"
-        (countries, provinces, cities), "envelope" (categories, types, codes), "constructions"
-        (construction types, constructions) or "rooms" (room types, room uses)."""
+        """One of the library's trees as nested lists of dicts (id, name, level, children), as
+        ``qkdb tree --json`` prints it: "weather" (countries, provinces, cities), "envelope"
+        (categories, types, codes), "constructions" (construction types, constructions) or "rooms"
+        (room types, room uses)."""
         return self._db.tree(which)
 
     def walls(self, type_name: str) -> list:

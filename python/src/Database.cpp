@@ -16,12 +16,11 @@
 #include "answers/MaterialsAnswer.h"
 #include "text/Output.h"
 #include "answers/RoomAnswer.h"
+#include "answers/TreeAnswer.h"
+#include "answers/wall/WallsAnswer.h"
 #include "answers/WeatherAnswer.h"
 #include "binding/ReferenceTables.h"
 #include "tablekit/CADODatabase.h"
-#include "construction/CQKTimbering.h"
-#include "envelope/CQKBSDataAdmin.h"
-#include "rooms/CQKRoomUseDataAdmin.h"
 #include "weather/CQKWeatherDataAdmin.h"
 
 namespace py = pybind11;
@@ -115,39 +114,12 @@ class Database {
     return out;
   }
 
-  py::list Tree(const std::string& which) const {
+  py::object Tree(const std::string& which) const {
+    if (which != "weather" && which != "envelope" && which != "constructions" && which != "rooms")
+      throw py::value_error("tree takes \"weather\", \"envelope\", \"constructions\" or \"rooms\", not " +
+                            qkdb::Quoted(which));
     Use();
-    if (which == "weather") {
-      CQKWeatherDataAdmin admin;
-      return Children(admin.GetCityNodes(1, false));
-    }
-    if (which == "envelope") {
-      CQKBSDataAdmin admin;
-      py::list categories = Children(admin.GetBSNodes(1));
-      // The tree stops at the types; the codes are the walls the admin makes of a type.
-      for (py::handle category : categories)
-        for (py::handle type : category["children"].cast<py::list>()) {
-          CQKBSType t;
-          t.SetID(type["id"].cast<long>());
-          CLxArray<CQKWallData> walls;
-          admin.GetBSCodeCWallDataAry(t, walls, false, CQKCrXs());
-          py::list codes;
-          for (int i = 0; i < walls.GetSize(); ++i)
-            codes.append(py::dict(py::arg("name") = walls[i].Name.ToUtf8(), py::arg("id") = walls[i].ID,
-                                  py::arg("children") = py::list()));
-          type["children"] = codes;
-        }
-      return categories;
-    }
-    if (which == "constructions") {
-      CQKBSDataAdmin admin;
-      return Children(admin.GetTimbNodes(1));
-    }
-    if (which == "rooms") {
-      CQKRoomUseDataAdmin admin;
-      return Children(admin.GetRoomUseNodes(1));
-    }
-    throw py::value_error("tree takes \"weather\", \"envelope\", \"constructions\" or \"rooms\", not \"" + which + "\"");
+    return ToPython(qkdb::Tree(which, false));
   }
 
   py::object Materials(const std::optional<std::string>& search, const std::optional<std::string>& type) const {
@@ -174,42 +146,14 @@ class Database {
   // The codes of an envelope type, each with its layers as the wall calculation takes them.
   py::list Walls(const std::string& typeName) const {
     Use();
-    CQKBSType type;
-    type.Name = CString::FromUtf8(typeName);
-    if (type.IsExist(nullptr) != QKLoad::DBS_EXIST) throw NotFound("no envelope type named " + qkdb::Quoted(typeName));
-    CQKBSDataAdmin admin;
-    CLxArray<CQKWallData> walls;
-    const CQKCrXs coefficients;
-    admin.GetBSCodeCWallDataAry(type, walls, false, coefficients);
+    qkdb::WallsAnswer answer = qkdb::TypeWalls(typeName, false);
+    if (!answer.refused.empty()) throw NotFound(answer.refused);
     py::list out;
-    for (int i = 0; i < walls.GetSize(); ++i) {
-      CLxArray<CQKTimberingData> layers = walls[i].GetTimbering();
-      py::list list;
-      for (int k = 0; k < layers.GetSize(); ++k) {
-        CQKTimberingData& layer = layers[k];
-        list.append(py::dict(py::arg("name") = layer.GetStuffName().ToUtf8(), py::arg("thickness") = layer.GetThick(),
-                             py::arg("conductivity") = layer.GetDrXs(), py::arg("density") = layer.GetGMD(),
-                             py::arg("specific_heat") = layer.GetBRr(),
-                             py::arg("conductivity_correction") = layer.GetDrXsXz(),
-                             py::arg("density_correction") = layer.GetTimberData().GMCXz));
-      }
-      out.append(py::dict(py::arg("code") = walls[i].Name.ToUtf8(), py::arg("inside") = coefficients.NHrXs,
-                          py::arg("outside") = coefficients.WHrXs, py::arg("outside_winter") = coefficients.DjWHrXs,
-                          py::arg("layers") = list));
-    }
+    for (int i = 0; i < answer.walls.GetSize(); ++i) out.append(ToPython(qkdb::WallJson(answer.walls[i])));
     return out;
   }
 
  private:
-  template <class Node>
-  static py::list Children(const Node* node) {
-    py::list out;
-    for (int i = 0; node && i < node->arrChild.GetSize(); ++i)
-      out.append(py::dict(py::arg("name") = node->arrChild[i]->strName.ToUtf8(), py::arg("id") = node->arrChild[i]->nId,
-                          py::arg("children") = Children(node->arrChild[i])));
-    return out;
-  }
-
   std::string m_path;
 };
 

@@ -89,6 +89,9 @@ def test_cities_and_trees(db):
     envelope = db.tree("envelope")
     assert envelope[0]["name"] == "外墙"
     assert any(t["name"] == "ASHRAE外墙" and len(t["children"]) == 3 for t in envelope[0]["children"])
+    tool = subprocess.run([os.environ["QKDB_TOOL"], "tree", "envelope", "--json", "--db", db.path],
+                          capture_output=True, text=True, check=True)
+    assert envelope == json.loads(tool.stdout)
     with pytest.raises(ValueError):
         db.tree("plants")
 

@@ -5,8 +5,8 @@
 #include <nlohmann/json.hpp>
 #include <vector>
 
+#include "answers/wall/WallsAnswer.h"
 #include "text/Output.h"
-#include "envelope/CQKBSDataAdmin.h"
 
 namespace qkdb {
 
@@ -45,53 +45,32 @@ bool WallsCommand::Chosen() const { return m_app->parsed(); }
 
 int WallsCommand::Run() const {
   if (const int status = OpenChosenDatabase(m_db)) return status;
-  CQKBSType type;
-  type.Name = CString::FromUtf8(m_type);
-  // A name holding a double quote cannot be looked up (the query fails): no type has it either.
-  if (type.IsExist(nullptr) != QKLoad::DBS_EXIST) return Tell(1, "no envelope type named " + Quoted(m_type));
-
-  CQKBSDataAdmin admin;
-  CLxArray<CQKWallData> walls;
-  const CQKCrXs coefficients;  // inside 8.7, outside 18.6 and 23.0 in winter, W/(m²·K)
-  admin.GetBSCodeCWallDataAry(type, walls, true, coefficients);
+  WallsAnswer answer = TypeWalls(m_type, true);
+  if (!answer.refused.empty()) return Tell(1, answer.refused);
 
   nlohmann::ordered_json json = nlohmann::ordered_json::array();
   std::vector<std::vector<std::string>> rows{
       {"Code", "U summer", "U winter", "D", "decrement", "delay h", "Layers (outside to inside)"}};
-  for (int i = 0; i < walls.GetSize(); ++i) {
-    CQKWallData& wall = walls[i];
-    CLxArray<CQKTimberingData> layers = wall.GetTimbering();
+  for (int i = 0; i < answer.walls.GetSize(); ++i) {
+    CQKWallData& wall = answer.walls[i];
     const double d = wall.CalD();
     if (m_json) {
-      nlohmann::ordered_json layerList = nlohmann::ordered_json::array();
-      for (int k = 0; k < layers.GetSize(); ++k) {
-        CQKTimberingData& layer = layers[k];
-        layerList.push_back({{"name", layer.GetStuffName().ToUtf8()},
-                             {"thickness", layer.GetThick()},
-                             {"conductivity", layer.GetDrXs()},
-                             {"density", layer.GetGMD()},
-                             {"specific_heat", layer.GetBRr()},
-                             {"conductivity_correction", layer.GetDrXsXz()},
-                             {"density_correction", layer.GetTimberData().GMCXz}});
-      }
-      json.push_back({{"code", wall.Name.ToUtf8()},
-                      {"inside", coefficients.NHrXs},
-                      {"outside", coefficients.WHrXs},
-                      {"outside_winter", coefficients.DjWHrXs},
-                      {"layers", std::move(layerList)},
-                      {"U", wall.CrXs},
-                      {"U_winter", wall.DjCrXs},
-                      {"D", d},
-                      {"decrement", wall.CrSj},
-                      {"delay_h", wall.CrYc}});
+      nlohmann::ordered_json element = WallJson(wall);
+      element["U"] = wall.CrXs;
+      element["U_winter"] = wall.DjCrXs;
+      element["D"] = d;
+      element["decrement"] = wall.CrSj;
+      element["delay_h"] = wall.CrYc;
+      json.push_back(std::move(element));
     } else {
+      CLxArray<CQKTimberingData> layers = wall.GetTimbering();
       rows.push_back({wall.Name.ToUtf8(), Fixed(wall.CrXs, 3), Fixed(wall.DjCrXs, 3), Fixed(d, 2),
                       Fixed(wall.CrSj, 3), Fixed(wall.CrYc, 1), LayersText(layers)});
     }
   }
   if (m_json) {
     std::cout << json.dump(2) << '\n';
-  } else if (walls.GetSize() == 0) {
+  } else if (answer.walls.GetSize() == 0) {
     std::cout << m_type << ": no codes\n";
   } else {
     PrintColumns(std::cout, rows);
