@@ -206,6 +206,21 @@ TEST_F(QkdbImportAccessTest, AnExistingFileIsReplacedOnlyWithForce) {
   EXPECT_EQ(Entries(m_dir.path()).size(), 1u);
 }
 
+// The file an import writes is made beside its target (0600, as mkstemp makes it) and renamed onto it:
+// it must end with the mode of the file it replaces, or the umask's for a new one. The Access file is
+// the one the README's example reads, so the test never skips.
+TEST_F(QkdbImportAccessTest, TheWrittenFileGetsTheUmasksModeOrKeepsTheReplacedOnes) {
+  const std::string mdb = (fs::path(QK_DATA_DIR).parent_path() / "docs" / "examples" / "DateTestDatabase.mdb").string();
+  const std::string out = (m_dir.path() / "out.db").string();
+  ToolRun run = RunShell("umask 022; \"$QKDB\" import-access '" + mdb + "' --db '" + out + "'");
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(fs::status(out).permissions(), fs::perms(0644));
+  fs::permissions(out, fs::perms(0660));
+  run = RunShell("umask 077; \"$QKDB\" import-access '" + mdb + "' --db '" + out + "' --force");
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(fs::status(out).permissions(), fs::perms(0660));
+}
+
 TEST_F(QkdbImportAccessTest, APostgresUriIsRefused) {
   const ToolRun run = Qkdb("import-access x.mdb --db postgresql://localhost/qk");
   EXPECT_EQ(run.status, 2);
