@@ -143,7 +143,8 @@ TEST_F(QkdbExport, RoomParametersTheTableLeavesNullAreEmptyAndNullNeverDefaults)
   EXPECT_EQ(std::to_string(empty), nullHumidities);
   EXPECT_NE(nullHumidities, "0");
   std::size_t nulls = 0;
-  for (const json& row : Json("rooms")["rows"]) nulls += row["DongJiSNSJXDSD"].is_null();
+  const json rooms = Json("rooms");
+  for (const json& row : rooms["rows"]) nulls += row["DongJiSNSJXDSD"].is_null();
   EXPECT_EQ(nulls, empty);
 }
 
