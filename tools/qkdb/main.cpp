@@ -13,6 +13,8 @@
 #include "commands/database/ImportEpwCommand.h"
 #include "commands/database/ImportAccessCommand.h"
 #include "commands/database/InitCommand.h"
+#include "commands/exchange/ExportCommand.h"
+#include "commands/exchange/ImportCommand.h"
 #include "files/ReferenceDatabase.h"
 #include "commands/wall/ThicknessCommand.h"
 #include "commands/lookup/TreeCommand.h"
@@ -42,6 +44,8 @@ int main(int argc, char** argv) {
   qkdb::RoomsCommand rooms(app);
   qkdb::ImportEpwCommand importEpw(app);
   qkdb::ImportAccessCommand importAccess(app);
+  qkdb::ExportCommand exportCommand(app);
+  qkdb::ImportCommand importCommand(app);
 
   try {
     app.parse(argc, argv);
@@ -70,6 +74,8 @@ int main(int argc, char** argv) {
   if (rooms.Chosen()) return rooms.Run();
   if (importEpw.Chosen()) return importEpw.Run();
   if (importAccess.Chosen()) return importAccess.Run();
+  if (exportCommand.Chosen()) return exportCommand.Run();
+  if (importCommand.Chosen()) return importCommand.Run();
   std::cerr << app.help();
   return 2;
 }

@@ -161,6 +161,24 @@ std::string WeatherItemLabel(const std::string& item) {
   return found.known ? found.chinese + " / " + found.english : "";
 }
 
+std::string WeatherItemUnit(const std::string& item) {
+  switch (Find(item).unit) {
+    case Unit::Radian: return "rad";
+    case Unit::HPa: return "hPa";
+    case Unit::Pa: return "Pa";
+    case Unit::Percent: return "%";
+    case Unit::Celsius: return "°C";
+    case Unit::Kelvin: return "K";
+    case Unit::Speed: return "m/s";
+    case Unit::Degree: return "°";
+    case Unit::Metre: return "m";
+    case Unit::Hour: return "h";
+    case Unit::Zone:
+    case Unit::None: break;
+  }
+  return "";
+}
+
 std::string WeatherItemText(const std::string& item, const nlohmann::ordered_json& value) {
   if (value.is_null()) return "—";
   if (value.is_string()) return value.get<std::string>();

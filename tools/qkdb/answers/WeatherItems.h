@@ -19,6 +19,8 @@ nlohmann::ordered_json NamedItems(CAData& value);
 
 // "中文 / English" for the item; "" for an item this tool has no label for.
 std::string WeatherItemLabel(const std::string& item);
+// The unit the table keeps the item in ("hPa", "rad", "°C"); "" for a count, a code or a text.
+std::string WeatherItemUnit(const std::string& item);
 // The item's value (in the table's units; null for a NULL column) as text with its unit, "—" for
 // null: "1013.3 hPa", "0.605974 rad (34.7200°)", "4 (寒冷A区)".
 std::string WeatherItemText(const std::string& item, const nlohmann::ordered_json& value);

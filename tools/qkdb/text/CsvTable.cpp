@@ -63,6 +63,11 @@ std::vector<std::vector<std::string>> Parse(const std::string& text, const std::
 
 }  // namespace
 
+std::vector<std::vector<std::string>> CsvTable::Records(const std::string& text, const std::string& name,
+                                                       std::vector<std::size_t>& lines) {
+  return Parse(text, name, lines);
+}
+
 std::string ReadWhole(const std::filesystem::path& path, std::uintmax_t limit) {
   std::string text;
   if (std::string refused = ReadFile(path, limit, path.string(), text); !refused.empty()) throw DataError(refused);

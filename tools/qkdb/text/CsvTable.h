@@ -39,6 +39,11 @@ class CsvTable {
   // Where row stands in the file, for messages: "name.csv:12".
   std::string Where(std::size_t row) const;
 
+  // The records of CSV text, header included, by the rules above; lines receives the line each record
+  // starts on. Throws DataError, naming name and the line, for an unterminated quote.
+  static std::vector<std::vector<std::string>> Records(const std::string& text, const std::string& name,
+                                                       std::vector<std::size_t>& lines);
+
  private:
   std::string m_name;
   std::map<std::string, std::size_t> m_columns;
