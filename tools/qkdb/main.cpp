@@ -13,6 +13,7 @@
 #include "commands/database/ImportEpwCommand.h"
 #include "commands/database/ImportAccessCommand.h"
 #include "commands/database/InitCommand.h"
+#include "commands/database/SchemaCommand.h"
 #include "commands/exchange/ExportCommand.h"
 #include "commands/exchange/ImportCommand.h"
 #include "files/ReferenceDatabase.h"
@@ -37,6 +38,7 @@ int main(int argc, char** argv) {
   qkdb::WallCommand wall(app);
   qkdb::ThicknessCommand thickness(app);
   qkdb::InitCommand init(app);
+  qkdb::SchemaCommand schema(app);
   qkdb::WeatherCommand weather(app);
   qkdb::TreeCommand tree(app);
   qkdb::WallsCommand walls(app);
@@ -67,6 +69,7 @@ int main(int argc, char** argv) {
   if (wall.Chosen()) return wall.Run();
   if (thickness.Chosen()) return thickness.Run();
   if (init.Chosen()) return init.Run();
+  if (schema.Chosen()) return schema.Run();
   if (weather.Chosen()) return weather.Run();
   if (tree.Chosen()) return tree.Run();
   if (walls.Chosen()) return walls.Run();

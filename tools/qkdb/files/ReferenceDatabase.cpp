@@ -6,7 +6,6 @@
 
 #include "text/CsvTable.h"
 #include "binding/QKReferenceDatabase.h"
-#include "binding/ReferenceTables.h"
 #include "mfc/CString.h"
 #include "tablekit/CADODatabase.h"
 
@@ -62,12 +61,6 @@ namespace {
 void BindRecordClasses(const std::string& path) {
   CString error;
   if (!QKReferenceDatabase::Bind(CString::FromUtf8(path), &error)) throw DataError(OneLine(error.ToUtf8()));
-}
-
-void WriteWithoutWaiting() {
-  ForEachRecordClass([]<typename Record>(const wchar_t*) {
-    Record().GetUserDatabase()->Execute(L"PRAGMA synchronous = OFF");
-  });
 }
 
 std::string OneLine(const std::string& message) {

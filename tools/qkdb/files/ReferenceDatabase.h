@@ -25,9 +25,6 @@ std::string ChooseDatabase(const std::string& option);
 // Tells every record class its table in the database at path (a file, or a postgresql:// URI), through
 // QKReferenceDatabase::Bind. Throws DataError when the database lacks a table.
 void BindRecordClasses(const std::string& path);
-// Lets every record class's connection commit without waiting for the disk (PRAGMA synchronous =
-// OFF). Only for a file that is thrown away unless it is flushed and kept at the end: qkdb init.
-void WriteWithoutWaiting();
 // A backend's message as one line: its line breaks and the blanks around them become one space, and
 // none is left at the end (PostgreSQL's messages span lines).
 std::string OneLine(const std::string& message);

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "text/CsvTable.h"
-#include "files/SqliteFile.h"
+#include "reference/SideRows.h"
 
 namespace qkdb {
 
@@ -20,18 +20,18 @@ std::string Folded(std::string text) {
 
 class AliasWriter {
  public:
-  AliasWriter(SqliteFile& db) : m_db(db) {}
+  explicit AliasWriter(SideRows& rows) : m_rows(rows) {}
 
   void Add(long cityId, const std::string& cityName, const std::string& alias, const std::string& kind,
            const std::string& source) {
     if (alias.empty() || Folded(alias) == Folded(cityName)) return;
     if (!m_seen.insert({cityId, Folded(alias)}).second) return;
-    m_db.Rows("INSERT INTO CityAlias (CId, Alias, Kind, Source) VALUES (?1, ?2, ?3, ?4)",
-              {static_cast<double>(cityId), alias, kind, source}, "write the city alias " + alias);
+    m_rows.Insert("CityAlias", {{"CId", static_cast<long long>(cityId)}, {"Alias", alias}, {"Kind", kind}, {"Source", source}},
+                  "write the city alias " + alias);
   }
 
  private:
-  SqliteFile& m_db;
+  SideRows& m_rows;
   std::set<std::pair<long, std::string>> m_seen;
 };
 
@@ -50,7 +50,7 @@ std::string Source(const CsvTable& table, std::size_t r) {
 
 }  // namespace
 
-void LoadCityAliases(const std::filesystem::path& dataDir, SqliteFile& db, const std::map<std::string, long>& cityOf,
+void LoadCityAliases(const std::filesystem::path& dataDir, SideRows& rows, const std::map<std::string, long>& cityOf,
                      const std::map<std::string, WeatherFile>& files) {
   const CsvTable cities(dataDir / "cn_cities.csv");
   const CsvTable stations(dataDir / "cn_outdoor_design_gb50736.csv");
@@ -73,8 +73,7 @@ void LoadCityAliases(const std::filesystem::path& dataDir, SqliteFile& db, const
     return found->second;
   };
 
-  db.Execute("BEGIN", "start writing the city aliases");
-  AliasWriter aliases(db);
+  AliasWriter aliases(rows);
   for (std::size_t r = 0; r < official.Size(); ++r) {
     const auto [id, name] = cityOfRow(official, r);
     const std::string& match = official.Field(r, "match");
@@ -106,7 +105,6 @@ void LoadCityAliases(const std::filesystem::path& dataDir, SqliteFile& db, const
     const auto [id, name] = cityOfRow(pinyin, r);
     aliases.Add(id, name, Romanised(pinyin.Field(r, "pinyin")), "English (Hanyu Pinyin)", Source(pinyin, r));
   }
-  db.Execute("COMMIT", "write the city aliases");
 }
 
 }  // namespace qkdb

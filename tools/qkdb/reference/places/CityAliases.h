@@ -16,11 +16,12 @@
 
 namespace qkdb {
 
-class SqliteFile;
+class SideRows;
 
-// cityOf: the city of every station; files: every station's weather file. Throws DataError for data
-// that cannot be used or a row that cannot be written.
-void LoadCityAliases(const std::filesystem::path& dataDir, SqliteFile& db, const std::map<std::string, long>& cityOf,
+// Written through rows, in the build's transaction. cityOf: the city of every station; files: every
+// station's weather file. Throws DataError for data that cannot be used or a row that cannot be
+// written.
+void LoadCityAliases(const std::filesystem::path& dataDir, SideRows& rows, const std::map<std::string, long>& cityOf,
                      const std::map<std::string, WeatherFile>& files);
 
 }  // namespace qkdb

@@ -10,7 +10,7 @@
 
 #include "text/CsvTable.h"
 #include "reference/RowNulls.h"
-#include "files/SqliteFile.h"
+#include "reference/SideRows.h"
 #include "foundation/QKLoad.h"
 #include "geography/CQKCity.h"
 #include "geography/CQKCountry.h"
@@ -163,19 +163,12 @@ Station PlaceOf(const CsvTable& stations, std::size_t r, const Corrections& corr
 }
 
 // Where the city's weather file comes from, one row of WeatherFileSource.
-void RecordSource(SqliteFile& file, long cityId, const WeatherFile& w) {
-  std::vector<SqliteFile::Value> values;
-  values.emplace_back(static_cast<double>(cityId));
-  for (const std::string* text : {&w.file, &w.wmo, &w.station, &w.source}) values.emplace_back(*text);
-  values.emplace_back(w.own ? 1.0 : 0.0);
-  std::string distance = "NULL";
-  if (w.distanceKm) {
-    values.emplace_back(std::round(*w.distanceKm * 10.0) / 10.0);  // 0.1 km: the positions are printed to 1'
-    distance = "?7";
-  }
-  file.Rows("INSERT INTO WeatherFileSource (CId, EpwName, WmoId, Station, Source, Own, DistanceKm) "
-            "VALUES (?1, ?2, ?3, ?4, ?5, ?6, " + distance + ")",
-            values, "record where the weather file of city " + std::to_string(cityId) + " comes from");
+void RecordSource(SideRows& rows, long cityId, const WeatherFile& w) {
+  SideRows::Row row = {{"CId", static_cast<long long>(cityId)}, {"EpwName", w.file}, {"WmoId", w.wmo},
+                       {"Station", w.station},                  {"Source", w.source}, {"Own", w.own ? 1LL : 0LL}};
+  // 0.1 km: the positions are printed to 1'; null when the city's position is not known.
+  if (w.distanceKm) row.emplace_back("DistanceKm", std::round(*w.distanceKm * 10.0) / 10.0);
+  rows.Insert("WeatherFileSource", row, "record where the weather file of city " + std::to_string(cityId) + " comes from");
 }
 
 }  // namespace
@@ -188,10 +181,8 @@ Places LoadPlaces(const std::filesystem::path& dataDir, CADODatabase& db) {
   std::vector<Station> places;
   for (std::size_t r = 0; r < stations.Size(); ++r) places.push_back(PlaceOf(stations, r, corrections));
   const std::map<std::string, WeatherFile> files = ChooseWeatherFiles(places, CsvTable(dataDir / "cn_epw_stations.csv"));
-  // Written row by row between the records' writes, so without a transaction of its own: like the
-  // records' connections, it need not wait for the disk (the build flushes once at the end).
-  SqliteFile sources(db.GetPath().ToUtf8());
-  sources.Execute("PRAGMA synchronous = OFF", "write the weather-file sources without waiting");
+  // Written row by row between the records' writes, on their connection.
+  SideRows sources(db);
 
   CQKCountry country;
   country.Name = L"中国";

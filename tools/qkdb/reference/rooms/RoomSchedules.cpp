@@ -3,10 +3,9 @@
 #include <set>
 #include <sstream>
 #include <string>
-#include <vector>
 
 #include "text/CsvTable.h"
-#include "files/SqliteFile.h"
+#include "reference/SideRows.h"
 
 namespace qkdb {
 
@@ -30,16 +29,8 @@ std::string Hour(int h) { return (h < 10 ? "h0" : "h") + std::to_string(h); }
 
 }  // namespace
 
-void LoadRoomSchedules(const std::filesystem::path& dataDir, SqliteFile& file, const RoomUseIds& roomUses) {
+void LoadRoomSchedules(const std::filesystem::path& dataDir, SideRows& rows, const RoomUseIds& roomUses) {
   const CsvTable schedules(dataDir / "room_schedules.csv");
-  std::string sql = "INSERT INTO RoomUseSchedule (RUId, Kind, DayType, Unit";
-  for (int h = 1; h <= 24; ++h) sql += ", H" + Hour(h).substr(1);
-  sql += ", Source, Note) VALUES (?1, ?2, ?3, ?4";
-  for (int h = 1; h <= 24; ++h) sql += ", ?" + std::to_string(h + 4);
-  sql += ", ?29, ?30)";
-
-  // One transaction: the file's own connection would otherwise wait for the disk at every row.
-  file.Execute("BEGIN", "start writing the hourly schedules");
   for (std::size_t r = 0; r < schedules.Size(); ++r) {
     const std::string where = schedules.Where(r);
     auto use = roomUses.find({schedules.Field(r, "room_type"), schedules.Field(r, "room_use")});
@@ -50,31 +41,32 @@ void LoadRoomSchedules(const std::filesystem::path& dataDir, SqliteFile& file, c
     const std::string& unit = schedules.Field(r, "unit");
     if (!kKinds.count(kind)) throw DataError(where + ": unknown kind of schedule \"" + kind + "\"");
 
-    std::vector<SqliteFile::Value> values(30);
-    values[0] = static_cast<double>(use->second);
-    values[1] = kind;
-    values[3] = unit;
+    // The columns in the table's order; the day type (index 2) is filled in per day below.
+    SideRows::Row row = {{"RUId", static_cast<long long>(use->second)}, {"Kind", kind}, {"DayType", {}}, {"Unit", unit}};
     for (int h = 1; h <= 24; ++h) {
       double value = 0.0;
-      if (!schedules.Number(r, Hour(h), value)) continue;  // left out: null
+      const std::string column = "H" + Hour(h).substr(1);
+      if (!schedules.Number(r, Hour(h), value)) {
+        row.emplace_back(column, SideRows::Value());  // left out: null
+        continue;
+      }
       if (!Plausible(unit, value))
         throw DataError(where + ": " + Hour(h) + " = " + schedules.Field(r, Hour(h)) + " is no value in " +
                         (unit.empty() ? "an empty unit" : unit));
-      values[static_cast<std::size_t>(h + 3)] = value;
+      row.emplace_back(column, value);
     }
-    values[28] = schedules.Field(r, "source");
-    values[29] = schedules.Field(r, "note");
+    row.emplace_back("Source", schedules.Field(r, "source"));
+    row.emplace_back("Note", schedules.Field(r, "note"));
 
     std::istringstream days(schedules.Field(r, "day_types"));
     int written = 0;
     for (std::string day; days >> day; ++written) {
       if (!kDayTypes.count(day)) throw DataError(where + ": unknown day type \"" + day + "\"");
-      values[2] = day;
-      file.Rows(sql, values, "write " + where);
+      row[2].second = day;
+      rows.Insert("RoomUseSchedule", row, "write " + where);
     }
     if (written == 0) throw DataError(where + ": a schedule for no day type");
   }
-  file.Execute("COMMIT", "finish writing the hourly schedules");
 }
 
 }  // namespace qkdb

@@ -9,10 +9,10 @@
 
 namespace qkdb {
 
-class SqliteFile;
+class SideRows;
 
-// Throws DataError for a row naming a room use that was not written, a kind, unit or value that cannot
-// be used, or a row that cannot be written.
-void LoadRoomSchedules(const std::filesystem::path& dataDir, SqliteFile& file, const RoomUseIds& roomUses);
+// Written through rows, in the build's transaction. Throws DataError for a row naming a room use that
+// was not written, a kind, unit or value that cannot be used, or a row that cannot be written.
+void LoadRoomSchedules(const std::filesystem::path& dataDir, SideRows& rows, const RoomUseIds& roomUses);
 
 }  // namespace qkdb
