@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <regex>
+#include <set>
 #include <sstream>
 #include <string>
 
@@ -51,12 +52,25 @@ TEST(QkdbTool, ACopiedToolFindsTheDatabaseBesideItself) {
   EXPECT_NE(found.out.find("郑州, 河南, 中国"), std::string::npos) << found.out;
 }
 
-TEST(QkdbTool, HelpListsTheCommands) {
+// Every command on a line of its own with what it does, and nothing else in the list.
+TEST(QkdbTool, HelpListsEveryCommandWithOneLineEach) {
   ToolRun run = Qkdb("--help");
   EXPECT_EQ(run.status, 0);
   EXPECT_NE(run.out.find("--version"), std::string::npos);
-  EXPECT_NE(run.out.find("wall"), std::string::npos);
-  EXPECT_NE(run.out.find("thickness"), std::string::npos);
+  const std::size_t list = run.out.find("Subcommands:\n");
+  ASSERT_NE(list, std::string::npos) << run.out;
+  std::istringstream lines(run.out.substr(list + std::string("Subcommands:\n").size()));
+  std::set<std::string> listed;
+  std::string line;
+  while (std::getline(lines, line) && !line.empty()) {
+    std::istringstream words(line);
+    std::string name, first;
+    words >> name >> first;
+    EXPECT_FALSE(first.empty()) << "no description: " << line;
+    EXPECT_TRUE(listed.insert(name).second) << "twice: " << name;
+  }
+  EXPECT_EQ(listed, (std::set<std::string>{"wall", "thickness", "init", "schema", "weather", "tree", "walls",
+                                           "materials", "rooms", "import-epw", "import-access", "export", "import"}));
 }
 
 TEST(QkdbTool, UnknownCommandFailsWithUsage) {
@@ -64,23 +78,28 @@ TEST(QkdbTool, UnknownCommandFailsWithUsage) {
   EXPECT_EQ(Qkdb("").status, 2);
 }
 
-// Every file a README example hands to qkdb is shipped: a user can run each line as printed. The
-// files an example writes (after --db or -o) are left out.
+// Every file a README example hands to qkdb is shipped, or written by an example before it (after
+// -o or --db): a user can run the lines as printed, in order.
 TEST(QkdbTool, EveryFileTheReadmesExamplesReadIsShipped) {
   const fs::path root = fs::path(QK_DATA_DIR).parent_path();
   std::ifstream readme(root / "README.md");
   ASSERT_TRUE(readme) << "no README.md in " << root;
-  const std::regex file(R"((^|\s)(-o |--db )?([^\s'"]+\.(json|epw|mdb|accdb|csv)))");
-  int examples = 0;
+  const std::regex file(R"((^|\s)(-o |--db )?([^\s'"]+\.(json|epw|mdb|accdb|csv|db)))");
+  std::set<std::string> written;
+  int read = 0;
   std::string line;
   while (std::getline(readme, line)) {
     if (line.rfind("build/default/tools/qkdb/qkdb ", 0) != 0) continue;
     const std::string command = line.substr(0, line.find('#'));
     for (std::sregex_iterator it(command.begin(), command.end(), file), end; it != end; ++it) {
-      if ((*it)[2].matched) continue;
-      ++examples;
+      if ((*it)[2].matched) {
+        written.insert((*it)[3].str());
+        continue;
+      }
+      if (written.count((*it)[3].str())) continue;
+      ++read;
       EXPECT_TRUE(fs::is_regular_file(root / (*it)[3].str())) << (*it)[3].str() << " in: " << line;
     }
   }
-  EXPECT_GE(examples, 4);  // the wall, thickness, EPW and Access examples at least
+  EXPECT_GE(read, 4);  // the wall, thickness, EPW and Access examples at least
 }

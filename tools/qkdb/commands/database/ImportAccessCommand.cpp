@@ -196,8 +196,7 @@ int Copy(ChildProcess& child, const std::string& file, const std::string& path, 
 
 ImportAccessCommand::ImportAccessCommand(CLI::App& parent) {
   m_app = parent.add_subcommand("import-access",
-                                "Copy the tables of an Access file (.mdb, .accdb) into a new SQLite file: "
-                                "columns, types and rows, with each table's rows read and written");
+                                "Copy the tables of an Access file (.mdb, .accdb) into a new SQLite file");
   m_app->add_option("file", m_file, "The Access file to read")->required();
   m_app->add_option("--db", m_db, "The SQLite file to create")->required();
   m_app->add_option("--tables", m_tables, "Only these tables, by name, separated by commas")->delimiter(',');

@@ -168,8 +168,7 @@ void Report(const EpwFile& epw, const EpwPlace& place, bool added, long id) {
 
 ImportEpwCommand::ImportEpwCommand(CLI::App& parent) {
   m_app = parent.add_subcommand("import-epw",
-                                "Add or update a city's weather from an EnergyPlus weather file (.epw): its position, "
-                                "time zone, elevation and ASHRAE design days");
+                                "Add or update a city's position and design days from an EnergyPlus weather file");
   m_app->add_option("file", m_file, "The EPW file")->required();
   m_app->add_option("--db", m_db, "The reference database (default: $QKDB_DATABASE, else " +
                                        DefaultDatabasePath() + ")");

@@ -66,7 +66,7 @@ std::string Joined(const std::vector<std::string>& names, std::size_t most = SIZ
 }  // namespace
 
 InitCommand::InitCommand(CLI::App& parent) {
-  m_app = parent.add_subcommand("init", "Build the reference database from the shipped data (data/*.csv)");
+  m_app = parent.add_subcommand("init", "Build the reference database from the shipped data, in a file or on a PostgreSQL server");
   m_app->add_option("--db", m_db, "The database file to build, or a postgresql:// URI of a server database (default: "
                                   "$QKDB_DATABASE, else " + DefaultDatabasePath() + ")");
   m_app->add_flag("--force", m_force,
