@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <filesystem>
 #include <fstream>
 #include <string>
 
@@ -216,3 +217,33 @@ TEST_F(QkdbImport, MissingFileIsRefused) {
 }
 
 }  // namespace
+
+// A host holding the write lock (several verbs in one transaction): the import waits --wait seconds,
+// then gives up in one line with nothing changed, and goes through once the lock is let go.
+TEST_F(QkdbImport, ADatabaseLockedLongerThanTheWaitIsLeftAsItWas) {
+  const std::string file = Exported("constructions", "csv");
+  const std::string before = Dump(empty);
+  sqlite3* holder = nullptr;
+  ASSERT_EQ(sqlite3_open(empty.c_str(), &holder), SQLITE_OK);
+  ASSERT_EQ(sqlite3_exec(holder, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+  const ToolRun run = Qkdb("import constructions '" + file + "' --db '" + empty + "' --wait 0.5");
+  sqlite3_exec(holder, "ROLLBACK", nullptr, nullptr, nullptr);
+  sqlite3_close(holder);
+  EXPECT_EQ(run.status, 1) << run.out << run.err;
+  EXPECT_TRUE(IsOneLine(run.err)) << run.err;
+  EXPECT_NE(run.err.find("locked"), std::string::npos) << run.err;
+  EXPECT_EQ(Dump(empty), before);
+  EXPECT_EQ(Import("constructions", file).status, 0);
+}
+
+// The file's size is bounded before it is read: a 3 GB sparse file costs nothing and changes nothing.
+TEST_F(QkdbImport, AFileBeyondTheLimitIsRefusedUnread) {
+  const std::string file = (dir.path() / "huge.csv").string();
+  { std::ofstream(file) << "x"; }
+  std::filesystem::resize_file(file, 3ull << 30);
+  const std::string before = Dump(empty);
+  const ToolRun run = Import("constructions", file);
+  EXPECT_EQ(run.status, 2) << run.out << run.err;
+  EXPECT_TRUE(IsOneLine(run.err)) << run.err;
+  EXPECT_EQ(Dump(empty), before);
+}
