@@ -247,3 +247,18 @@ TEST_F(QkdbImport, AFileBeyondTheLimitIsRefusedUnread) {
   EXPECT_TRUE(IsOneLine(run.err)) << run.err;
   EXPECT_EQ(Dump(empty), before);
 }
+
+// A construction's λ, ρ or c typed in another unit would go into every wall built of it: refused with
+// the unit, nothing written.
+TEST_F(QkdbImport, AValueInAnotherUnitIsRefusedWithTheUnit) {
+  const std::string before = Dump(empty);
+  const std::string inGrams = "砖,毫克砖,1800000,0.81,1.05,0,0.8,0.8,0.8,0.85,0.075,0.075,0.901,0.081,0.081,0,0.84,0.84";
+  const std::string inJoules = "砖,焦耳砖,1800,0.81,1050,0,0.8,0.8,0.8,0.85,0.075,0.075,0.901,0.081,0.081,0,0.84,0.84";
+  const ToolRun run = Import("constructions", Write("units.csv", ConstructionsCsv(inGrams + "\n" + inJoules)));
+  ExpectRefused(run, 1, "density is in kg/m³", before);
+  EXPECT_NE(run.out.find("refused units.csv:2: GMD 1800000 is implausible: density is in kg/m³"), std::string::npos)
+      << run.out;
+  EXPECT_NE(run.out.find("refused units.csv:3: BRr 1050 is implausible: specific heat is in kJ/(kg·K)"),
+            std::string::npos)
+      << run.out;
+}

@@ -69,29 +69,12 @@ void RefuseUnknownKeys(const json& object, const std::string& where, std::initia
   }
 }
 
-// A value far beyond any building material is almost always typed in another unit: a thickness in mm
-// (200 for 0.2 m) gives U = 0.0025, a specific heat in J/(kg·K) (1050 for 1.05) D = 104860. The limits
-// sit well above the real extremes (a 2 m rammed-earth wall; water's 4.2 kJ/(kg·K); copper's 400
-// W/(m·K); lead's 11 340 and osmium's 22 590 kg/m³).
-struct Limit {
-  const char* key;
-  double above;
-  const char* hint;
-};
-constexpr Limit kLimits[] = {
-    {"thickness", 2.0, "thickness is in metres"},
-    {"conductivity", 500.0, "conductivity is in W/(m·K)"},
-    {"density", 25000.0, "density is in kg/m³"},
-    {"specific_heat", 10.0, "specific heat is in kJ/(kg·K)"},
-};
-
 // force names the way the caller's user takes such a value as given ("--force", "force=True").
-void RefuseImplausible(const std::string& where, std::string_view key, double value, std::string_view force) {
-  for (const Limit& limit : kLimits) {
-    if (key == limit.key && value > limit.above)
-      throw InputError(where + Quoted(key) + " " + qkdb::Number(value) + " is implausible: " + limit.hint + " (" +
-                       std::string(force) + " takes it as given)");
-  }
+void RefuseImplausible(const std::string& where, std::string_view key, Quantity quantity, double value,
+                       std::string_view force) {
+  if (const char* hint = UnitHint(quantity, value))
+    throw InputError(where + Quoted(key) + " " + qkdb::Number(value) + " is implausible: " + hint + " (" +
+                     std::string(force) + " takes it as given)");
 }
 
 // One layer; number counts from 1 (the first, outside layer is "layer 1"), as a person counts them.
@@ -118,10 +101,10 @@ CQKTimberingData ParseLayer(const json& item, std::size_t number, const Plausibi
   double conductivityCorrection = Optional(item, where, "conductivity_correction", Sign::kPositive, 1.0);
   double densityCorrection = Optional(item, where, "density_correction", Sign::kPositive, 1.0);
   if (!plausibility.accept) {
-    RefuseImplausible(where, "thickness", thick, plausibility.force);
-    RefuseImplausible(where, "conductivity", conductivity, plausibility.force);
-    RefuseImplausible(where, "density", density, plausibility.force);
-    RefuseImplausible(where, "specific_heat", specificHeat, plausibility.force);
+    RefuseImplausible(where, "thickness", Quantity::kThickness, thick, plausibility.force);
+    RefuseImplausible(where, "conductivity", Quantity::kConductivity, conductivity, plausibility.force);
+    RefuseImplausible(where, "density", Quantity::kDensity, density, plausibility.force);
+    RefuseImplausible(where, "specific_heat", Quantity::kSpecificHeat, specificHeat, plausibility.force);
   }
 
   CQKTimberingData layer;
@@ -139,6 +122,20 @@ CQKTimberingData ParseLayer(const json& item, std::size_t number, const Plausibi
 }
 
 }  // namespace
+
+const char* UnitHint(Quantity quantity, double value) {
+  // A value far beyond any building material is almost always typed in another unit: a thickness in
+  // mm (200 for 0.2 m) gives U = 0.0025, a specific heat in J/(kg·K) (1050 for 1.05) D = 104860. The
+  // limits sit well above the real extremes (a 2 m rammed-earth wall; water's 4.2 kJ/(kg·K); copper's
+  // 400 W/(m·K); lead's 11 340 and osmium's 22 590 kg/m³).
+  switch (quantity) {
+    case Quantity::kThickness: return value > 2.0 ? "thickness is in metres" : nullptr;
+    case Quantity::kConductivity: return value > 500.0 ? "conductivity is in W/(m·K)" : nullptr;
+    case Quantity::kDensity: return value > 25000.0 ? "density is in kg/m³" : nullptr;
+    case Quantity::kSpecificHeat: return value > 10.0 ? "specific heat is in kJ/(kg·K)" : nullptr;
+  }
+  return nullptr;
+}
 
 std::string ReadInput(const std::string& file) {
   std::string text;

@@ -36,6 +36,12 @@ struct Plausibility {
   std::string_view force = "--force";
 };
 
+enum class Quantity { kThickness, kConductivity, kDensity, kSpecificHeat };
+
+// The unit a value beyond any building material was most likely meant in ("thickness is in metres"),
+// or null for a plausible value. Units: m, W/(m·K), kg/m³, kJ/(kg·K).
+const char* UnitHint(Quantity quantity, double value);
+
 // The wall described by text. Unknown keys are refused rather than ignored: a misspelt optional key
 // ("density_corection") would otherwise silently fall back to its default.
 CQKWallData ParseWall(const std::string& text, const Plausibility& plausibility = {});

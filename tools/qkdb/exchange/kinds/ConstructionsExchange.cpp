@@ -1,9 +1,11 @@
 #include "exchange/kinds/ConstructionsExchange.h"
 
 #include <map>
+#include <utility>
 #include <set>
 
 #include "answers/RowItems.h"
+#include "answers/wall/WallInput.h"
 #include "construction/CQKTimbering.h"
 #include "construction/CQKTimberingType.h"
 #include "exchange/ImportValues.h"
@@ -73,6 +75,11 @@ class Importer {
       return m_report.Refused(where, "the construction " + Quoted(name) + " is given twice (also " + first->second + ")");
     for (const char* item : kCompared)
       if (row[item].is_null()) return m_report.Refused(where, std::string(item) + " is not given; a construction needs every value");
+    // A value typed in another unit (a λ of 810, a c of 1050) would go into every wall built of it.
+    for (const auto& [item, quantity] : {std::pair{"GMD", Quantity::kDensity}, std::pair{"DrXs", Quantity::kConductivity},
+                                         std::pair{"BRr", Quantity::kSpecificHeat}})
+      if (const char* hint = UnitHint(quantity, row[item].get<double>()))
+        return m_report.Refused(where, std::string(item) + " " + Number(row[item].get<double>()) + " is implausible: " + hint);
     const long roughness = row["Roughness"].get<long>();
     if (roughness < 0 || roughness > 6) return m_report.Refused(where, "Roughness must be 0 to 6");
 
