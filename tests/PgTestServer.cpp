@@ -10,10 +10,7 @@
 
 #include "tablekit/postgres/PgSchema.h"
 
-namespace {
-
-// Runs sql on the database at uri; "" on success, else the server's reason.
-std::string Exec(const std::string& uri, const std::string& sql) {
+std::string PgExec(const std::string& uri, const std::string& sql) {
   PGconn* conn = PQconnectdb(uri.c_str());
   PQsetNoticeProcessor(conn, [](void*, const char*) {}, nullptr);  // "does not exist, skipping"
   std::string error;
@@ -29,6 +26,8 @@ std::string Exec(const std::string& uri, const std::string& sql) {
   return error;
 }
 
+namespace {
+
 // The URI of database name on the server of the maintenance URI server.
 std::string WithDatabase(const std::string& server, const std::string& name) {
   const std::size_t query = server.find('?');
@@ -40,7 +39,7 @@ std::string WithDatabase(const std::string& server, const std::string& name) {
 
 }  // namespace
 
-PgTestDatabase::PgTestDatabase() {
+PgTestDatabase::PgTestDatabase(Contents contents) {
   const char* server = std::getenv("QK_PG_URI");
   if (server == nullptr || *server == '\0') {
     m_why = "QK_PG_URI is not set";
@@ -49,10 +48,14 @@ PgTestDatabase::PgTestDatabase() {
   m_server = server;
   static std::atomic<int> counter{0};
   m_name = "qk_test_" + std::to_string(getpid()) + "_" + std::to_string(counter++);
-  Exec(m_server, "DROP DATABASE IF EXISTS " + m_name);
-  if (std::string error = Exec(m_server, "CREATE DATABASE " + m_name + " ENCODING 'UTF8' TEMPLATE template0");
+  PgExec(m_server, "DROP DATABASE IF EXISTS " + m_name);
+  if (std::string error = PgExec(m_server, "CREATE DATABASE " + m_name + " ENCODING 'UTF8' TEMPLATE template0");
       !error.empty()) {
     m_why = "cannot create a test database: " + error;
+    return;
+  }
+  if (contents == Contents::kEmpty) {
+    m_uri = WithDatabase(m_server, m_name);
     return;
   }
   std::ifstream file(QK_SCHEMA_FILE);
@@ -70,7 +73,7 @@ PgTestDatabase::PgTestDatabase() {
       " WHEN pg_typeof(v) IN ('smallint'::regtype, 'integer'::regtype, 'bigint'::regtype) THEN 'integer'"
       " WHEN pg_typeof(v) IN ('real'::regtype, 'double precision'::regtype, 'numeric'::regtype) THEN 'real'"
       " ELSE 'text' END $$;";
-  if (std::string error = Exec(uri, tablekit::PostgresSchema(schema) + compatibility); !error.empty()) {
+  if (std::string error = PgExec(uri, tablekit::PostgresSchema(schema) + compatibility); !error.empty()) {
     m_why = "cannot create the schema: " + error;
     return;
   }
@@ -78,11 +81,11 @@ PgTestDatabase::PgTestDatabase() {
 }
 
 PgTestDatabase::~PgTestDatabase() {
-  if (!m_name.empty()) Exec(m_server, "DROP DATABASE IF EXISTS " + m_name + " WITH (FORCE)");
+  if (!m_name.empty()) PgExec(m_server, "DROP DATABASE IF EXISTS " + m_name + " WITH (FORCE)");
 }
 
 void PgTestDatabase::Run(const std::string& sql) const {
-  const std::string error = Exec(m_uri, tablekit::PostgresStatements(sql));
+  const std::string error = PgExec(m_uri, tablekit::PostgresStatements(sql));
   EXPECT_EQ(error, "") << sql;
 }
 

@@ -12,10 +12,17 @@
 
 #include "mfc/CString.h"
 
+// Runs sql (one statement or a script) on the database at uri: "" on success, else the server's reason.
+std::string PgExec(const std::string& uri, const std::string& sql);
+
 class PgTestDatabase {
  public:
+  // The reference schema (with the functions the tests' SQLite-flavoured SQL needs), or nothing: a
+  // database as a user's server hands it out, for building the reference database on.
+  enum class Contents { kReferenceSchema, kEmpty };
+
   // Creates the database, or records why not (Available() is then false).
-  PgTestDatabase();
+  explicit PgTestDatabase(Contents contents = Contents::kReferenceSchema);
   ~PgTestDatabase();
   PgTestDatabase(const PgTestDatabase&) = delete;
   PgTestDatabase& operator=(const PgTestDatabase&) = delete;
@@ -24,6 +31,8 @@ class PgTestDatabase {
   const std::string& Why() const { return m_why; }
   // The URI of the test's database, as the library takes it.
   CString Uri() const { return CString::FromUtf8(m_uri); }
+  // The same URI, as a command line takes it.
+  const std::string& UriText() const { return m_uri; }
   // Runs a script of statements on the test's database, its SQLite column forms rewritten for the
   // server (PostgresStatements); fails the calling test on an error.
   void Run(const std::string& sql) const;

@@ -3,16 +3,14 @@
 // where QK_PG_REQUIRED is set); the build must give the rows an SQLite build gives, in one transaction.
 
 #include <gtest/gtest.h>
-#include <libpq-fe.h>
-#include <unistd.h>
 
-#include <atomic>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
 
+#include "PgTestServer.h"
 #include "QkdbRun.h"
 #include "TestDatabase.h"
 #include "tablekit/postgres/PgSchema.h"
@@ -25,75 +23,10 @@ const char* const kTables[] = {"Country",   "Province",  "City",     "Weather", 
                                "CityAlias", "RoomType",  "RoomUse",  "RULoadParam",       "RoomUseSchedule",
                                "TimberingType", "Timbering", "BSCategory", "BSType", "BSCode", "BoundingStructure"};
 
-// Runs sql (one statement or a script) on uri: "" on success, else the server's reason. With value,
-// the first column of the first row is put there ("<null>" for null).
-std::string Exec(const std::string& uri, const std::string& sql, std::string* value = nullptr) {
-  PGconn* conn = PQconnectdb(uri.c_str());
-  PQsetNoticeProcessor(conn, [](void*, const char*) {}, nullptr);
-  std::string error;
-  if (PQstatus(conn) != CONNECTION_OK) {
-    error = PQerrorMessage(conn);
-  } else {
-    PGresult* res = PQexec(conn, sql.c_str());
-    const ExecStatusType status = PQresultStatus(res);
-    if (status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK) error = PQresultErrorMessage(res);
-    if (value && status == PGRES_TUPLES_OK && PQntuples(res) > 0)
-      *value = PQgetisnull(res, 0, 0) ? "<null>" : PQgetvalue(res, 0, 0);
-    PQclear(res);
-  }
-  PQfinish(conn);
-  return error;
+// The number of tables in the database's schema.
+std::string Tables(const PgTestDatabase& pg) {
+  return pg.QueryOne("SELECT COUNT(*) FROM pg_tables WHERE schemaname = current_schema()");
 }
-
-// An empty database of the test's own on the server of QK_PG_URI, dropped at the end.
-class EmptyServerDatabase {
- public:
-  EmptyServerDatabase() {
-    const char* server = std::getenv("QK_PG_URI");
-    if (server == nullptr || *server == '\0') {
-      m_why = "QK_PG_URI is not set";
-      return;
-    }
-    m_server = server;
-    static std::atomic<int> counter{0};
-    m_name = "qk_init_" + std::to_string(getpid()) + "_" + std::to_string(counter++);
-    Exec(m_server, "DROP DATABASE IF EXISTS " + m_name);
-    if (std::string error = Exec(m_server, "CREATE DATABASE " + m_name + " ENCODING 'UTF8' TEMPLATE template0");
-        !error.empty()) {
-      m_why = "cannot create a test database: " + error;
-      m_name.clear();
-      return;
-    }
-    // The maintenance URI with the test's database in place of its own.
-    const std::size_t query = m_server.find('?');
-    const std::string base = m_server.substr(0, query);
-    const std::size_t slash = base.find('/', base.find("://") + 3);
-    m_uri = (slash == std::string::npos ? base : base.substr(0, slash)) + "/" + m_name +
-            (query == std::string::npos ? "" : m_server.substr(query));
-  }
-  ~EmptyServerDatabase() {
-    if (!m_name.empty()) Exec(m_server, "DROP DATABASE IF EXISTS " + m_name + " WITH (FORCE)");
-  }
-  EmptyServerDatabase(const EmptyServerDatabase&) = delete;
-  EmptyServerDatabase& operator=(const EmptyServerDatabase&) = delete;
-
-  bool Available() const { return !m_uri.empty(); }
-  const std::string& Why() const { return m_why; }
-  const std::string& Uri() const { return m_uri; }
-  // One value as text; "<error: …>" when the query fails.
-  std::string Query(const std::string& sql) const {
-    std::string value = "<error: no row>";
-    const std::string error = Exec(m_uri, sql, &value);
-    return error.empty() ? value : "<error: " + error + ">";
-  }
-  // The number of tables in the database's schema.
-  std::string Tables() const {
-    return Query("SELECT COUNT(*) FROM pg_tables WHERE schemaname = current_schema()");
-  }
-
- private:
-  std::string m_server, m_name, m_uri, m_why;
-};
 
 std::string Quoted(const std::string& text) { return "'" + text + "'"; }
 
@@ -116,10 +49,10 @@ class QkdbInitPostgres : public ::testing::Test {
   }
 
   ToolRun Init(const std::string& options = "", const std::string& data = QK_DATA_DIR, const std::string& env = "") {
-    return Qkdb("init --db " + Quoted(pg.Uri()) + " --data " + Quoted(data) + " " + options, env);
+    return Qkdb("init --db " + Quoted(pg.UriText()) + " --data " + Quoted(data) + " " + options, env);
   }
 
-  EmptyServerDatabase pg;
+  PgTestDatabase pg{PgTestDatabase::Contents::kEmpty};
   TempDir dir;
 };
 
@@ -133,21 +66,21 @@ TEST_F(QkdbInitPostgres, BuildsTheRowsAnSQLiteBuildGives) {
   ASSERT_EQ(onServer.status, 0) << onServer.err;
   EXPECT_EQ(onServer.err, "");
   // The same report but for its first line, which names the database.
-  EXPECT_EQ(onServer.out.substr(0, onServer.out.find('\n')), "Built " + pg.Uri() + " from " + QK_DATA_DIR + ":");
+  EXPECT_EQ(onServer.out.substr(0, onServer.out.find('\n')), "Built " + pg.UriText() + " from " + QK_DATA_DIR + ":");
   EXPECT_EQ(onServer.out.substr(onServer.out.find('\n')), onFile.out.substr(onFile.out.find('\n')));
 
   for (const char* table : kTables) {
     const std::string count = QueryOne(CString::FromUtf8(file), std::string("SELECT COUNT(*) FROM ") + table);
     EXPECT_NE(count, "0") << table;
-    EXPECT_EQ(pg.Query(std::string("SELECT COUNT(*) FROM ") + table), count) << table;
+    EXPECT_EQ(pg.QueryOne(std::string("SELECT COUNT(*) FROM ") + table), count) << table;
   }
-  EXPECT_EQ(pg.Tables(), "16");
+  EXPECT_EQ(Tables(pg), "16");
   // The tables beside the library's, row by row with their keys.
-  EXPECT_EQ(pg.Query("SELECT string_agg(id || ':' || cid || ':' || alias || ':' || coalesce(kind, ''), '|' ORDER BY id) "
+  EXPECT_EQ(pg.QueryOne("SELECT string_agg(id || ':' || cid || ':' || alias || ':' || coalesce(kind, ''), '|' ORDER BY id) "
                      "FROM cityalias"),
             QueryOne(CString::FromUtf8(file), "SELECT group_concat(ID || ':' || CId || ':' || Alias || ':' || "
                                               "coalesce(Kind, ''), '|') FROM (SELECT * FROM CityAlias ORDER BY ID)"));
-  EXPECT_EQ(pg.Query("SELECT string_agg(id || ':' || ruid || kind || daytype || coalesce(round(h12 * 1000)::bigint::text, "
+  EXPECT_EQ(pg.QueryOne("SELECT string_agg(id || ':' || ruid || kind || daytype || coalesce(round(h12 * 1000)::bigint::text, "
                      "'-'), '|' ORDER BY id) FROM roomuseschedule"),
             QueryOne(CString::FromUtf8(file), "SELECT group_concat(ID || ':' || RUId || Kind || DayType || "
                                               "coalesce(CAST(round(H12 * 1000) AS INTEGER), '-'), '|') "
@@ -158,7 +91,7 @@ TEST_F(QkdbInitPostgres, BuildsTheRowsAnSQLiteBuildGives) {
                                     "rooms 客房 --type 旅馆建筑 --schedules --json", "materials --json",
                                     "walls --type ASHRAE外墙 --json", "tree weather", "tree envelope"}) {
     const ToolRun a = Qkdb(command + " --db " + Quoted(file));
-    const ToolRun b = Qkdb(command + " --db " + Quoted(pg.Uri()));
+    const ToolRun b = Qkdb(command + " --db " + Quoted(pg.UriText()));
     EXPECT_EQ(a.status, 0) << command << ": " << a.err;
     EXPECT_EQ(b.status, 0) << command << ": " << b.err;
     EXPECT_GT(a.out.size(), 100u) << command;
@@ -168,40 +101,40 @@ TEST_F(QkdbInitPostgres, BuildsTheRowsAnSQLiteBuildGives) {
 
 TEST_F(QkdbInitPostgres, ASecondBuildIsRefusedAndChangesNothing) {
   ASSERT_EQ(Init().status, 0);
-  ASSERT_EQ(pg.Query("UPDATE city SET name = '改过的' WHERE id = 1 RETURNING id"), "1");
+  ASSERT_EQ(pg.QueryOne("UPDATE city SET name = '改过的' WHERE id = 1 RETURNING id"), "1");
   const ToolRun again = Init();
   EXPECT_EQ(again.status, 1);
   EXPECT_EQ(again.out, "");
   EXPECT_TRUE(IsOneLine(again.err)) << again.err;
   EXPECT_NE(again.err.find("already has 16 of the 16 reference tables"), std::string::npos) << again.err;
   EXPECT_NE(again.err.find("--force"), std::string::npos) << again.err;
-  EXPECT_EQ(pg.Query("SELECT name FROM city WHERE id = 1"), "改过的");
-  EXPECT_EQ(pg.Query("SELECT COUNT(*) FROM country"), "1");
+  EXPECT_EQ(pg.QueryOne("SELECT name FROM city WHERE id = 1"), "改过的");
+  EXPECT_EQ(pg.QueryOne("SELECT COUNT(*) FROM country"), "1");
 }
 
 // One table of the schema is enough to refuse: the build would otherwise fail on it halfway.
 TEST_F(QkdbInitPostgres, ADatabaseWithOneOfTheTablesIsRefusedToo) {
-  ASSERT_EQ(pg.Query("CREATE TABLE weather (kept text); INSERT INTO weather VALUES ('mine'); SELECT 1"), "1");
+  ASSERT_EQ(pg.QueryOne("CREATE TABLE weather (kept text); INSERT INTO weather VALUES ('mine'); SELECT 1"), "1");
   const ToolRun run = Init();
   EXPECT_EQ(run.status, 1);
   EXPECT_TRUE(IsOneLine(run.err)) << run.err;
   EXPECT_NE(run.err.find("already has 1 of the 16 reference tables (Weather)"), std::string::npos) << run.err;
-  EXPECT_EQ(pg.Query("SELECT kept FROM weather"), "mine");
-  EXPECT_EQ(pg.Tables(), "1");
+  EXPECT_EQ(pg.QueryOne("SELECT kept FROM weather"), "mine");
+  EXPECT_EQ(Tables(pg), "1");
 }
 
 TEST_F(QkdbInitPostgres, ForceRebuildsTheTables) {
   ASSERT_EQ(Init().status, 0);
-  ASSERT_EQ(pg.Query("UPDATE city SET name = '改过的' WHERE id = 1 RETURNING id"), "1");
-  ASSERT_EQ(pg.Query("INSERT INTO country (name) VALUES ('多出来的') RETURNING id"), "2");
+  ASSERT_EQ(pg.QueryOne("UPDATE city SET name = '改过的' WHERE id = 1 RETURNING id"), "1");
+  ASSERT_EQ(pg.QueryOne("INSERT INTO country (name) VALUES ('多出来的') RETURNING id"), "2");
   const ToolRun forced = Init("--force");
   ASSERT_EQ(forced.status, 0) << forced.err;
   EXPECT_EQ(forced.err, "");  // no notices of the server ("does not exist, skipping")
-  EXPECT_EQ(pg.Query("SELECT name FROM city WHERE id = 1"), "北京");
-  EXPECT_EQ(pg.Query("SELECT string_agg(id || name, ',') FROM country"), "1中国");  // keys start again at 1
-  EXPECT_EQ(pg.Tables(), "16");
+  EXPECT_EQ(pg.QueryOne("SELECT name FROM city WHERE id = 1"), "北京");
+  EXPECT_EQ(pg.QueryOne("SELECT string_agg(id || name, ',') FROM country"), "1中国");  // keys start again at 1
+  EXPECT_EQ(Tables(pg), "16");
   // The identity of the new tables goes on after the rows written: a host's new city gets a new key.
-  EXPECT_EQ(pg.Query("INSERT INTO city (pid, name) VALUES (1, '新城') RETURNING id"), "295");
+  EXPECT_EQ(pg.QueryOne("INSERT INTO city (pid, name) VALUES (1, '新城') RETURNING id"), "295");
 }
 
 TEST_F(QkdbInitPostgres, AFailureHalfwayLeavesAnEmptyDatabaseEmpty) {
@@ -210,19 +143,19 @@ TEST_F(QkdbInitPostgres, AFailureHalfwayLeavesAnEmptyDatabaseEmpty) {
   EXPECT_EQ(run.out, "");
   EXPECT_TRUE(IsOneLine(run.err)) << run.err;
   EXPECT_NE(run.err.find("room_schedules.csv:"), std::string::npos) << run.err;
-  EXPECT_EQ(pg.Tables(), "0");
-  EXPECT_EQ(pg.Query("SELECT COUNT(*) FROM pg_extension WHERE extname = 'citext'"), "0");
+  EXPECT_EQ(Tables(pg), "0");
+  EXPECT_EQ(pg.QueryOne("SELECT COUNT(*) FROM pg_extension WHERE extname = 'citext'"), "0");
 }
 
 TEST_F(QkdbInitPostgres, AFailureHalfwayOfAForcedRebuildKeepsTheOldTables) {
   ASSERT_EQ(Init().status, 0);
-  ASSERT_EQ(pg.Query("UPDATE city SET name = '改过的' WHERE id = 1 RETURNING id"), "1");
+  ASSERT_EQ(pg.QueryOne("UPDATE city SET name = '改过的' WHERE id = 1 RETURNING id"), "1");
   const ToolRun run = Init("--force", BrokenData(dir).string());
   EXPECT_EQ(run.status, 1);
   EXPECT_TRUE(IsOneLine(run.err)) << run.err;
-  EXPECT_EQ(pg.Query("SELECT name FROM city WHERE id = 1"), "改过的");
-  EXPECT_EQ(pg.Query("SELECT COUNT(*) FROM roomuseschedule"), "11850");
-  EXPECT_EQ(pg.Tables(), "16");
+  EXPECT_EQ(pg.QueryOne("SELECT name FROM city WHERE id = 1"), "改过的");
+  EXPECT_EQ(pg.QueryOne("SELECT COUNT(*) FROM roomuseschedule"), "11850");
+  EXPECT_EQ(Tables(pg), "16");
 }
 
 // Killed after every row is written but before the commit: the server drops the transaction with the
@@ -231,12 +164,12 @@ TEST_F(QkdbInitPostgres, AKilledBuildLeavesTheServerAsItWas) {
   const ToolRun killed = Init("", QK_DATA_DIR, "QKDB_KILL_AT=init-loaded ");
   EXPECT_EQ(killed.status, 128 + SIGKILL);  // as the shell reports a process killed
   EXPECT_EQ(killed.out, "");
-  EXPECT_EQ(pg.Tables(), "0");
+  EXPECT_EQ(Tables(pg), "0");
   ASSERT_EQ(Init().status, 0);
-  ASSERT_EQ(pg.Query("UPDATE city SET name = '改过的' WHERE id = 1 RETURNING id"), "1");
+  ASSERT_EQ(pg.QueryOne("UPDATE city SET name = '改过的' WHERE id = 1 RETURNING id"), "1");
   EXPECT_EQ(Init("--force", QK_DATA_DIR, "QKDB_KILL_AT=init-loaded ").status, 128 + SIGKILL);
-  EXPECT_EQ(pg.Query("SELECT name FROM city WHERE id = 1"), "改过的");
-  EXPECT_EQ(pg.Tables(), "16");
+  EXPECT_EQ(pg.QueryOne("SELECT name FROM city WHERE id = 1"), "改过的");
+  EXPECT_EQ(Tables(pg), "16");
 }
 
 // What a database administrator runs: the tables made from "qkdb schema --postgres" (as psql runs a
@@ -244,15 +177,15 @@ TEST_F(QkdbInitPostgres, AKilledBuildLeavesTheServerAsItWas) {
 TEST_F(QkdbInitPostgres, TheSchemaScriptMakesTheTablesOnTheServer) {
   const ToolRun schema = Qkdb("schema --postgres --data " + Quoted(QK_DATA_DIR));
   ASSERT_EQ(schema.status, 0) << schema.err;
-  ASSERT_EQ(Exec(pg.Uri(), schema.out), "");
-  EXPECT_EQ(pg.Tables(), "16");
-  EXPECT_EQ(pg.Query("SELECT data_type FROM information_schema.columns WHERE table_name = 'cityalias' AND "
+  ASSERT_EQ(PgExec(pg.UriText(), schema.out), "");
+  EXPECT_EQ(Tables(pg), "16");
+  EXPECT_EQ(pg.QueryOne("SELECT data_type FROM information_schema.columns WHERE table_name = 'cityalias' AND "
                      "column_name = 'id'"),
             "integer");
   EXPECT_EQ(Init().status, 1);  // tables there: refused
   ASSERT_EQ(Init("--force").status, 0);
-  EXPECT_EQ(pg.Query("SELECT COUNT(*) FROM city"), "294");
-  EXPECT_EQ(pg.Query("SELECT COUNT(*) FROM cityalias WHERE alias = 'SANYA'"), "1");  // citext: case ignored
+  EXPECT_EQ(pg.QueryOne("SELECT COUNT(*) FROM city"), "294");
+  EXPECT_EQ(pg.QueryOne("SELECT COUNT(*) FROM cityalias WHERE alias = 'SANYA'"), "1");  // citext: case ignored
 }
 
 TEST(QkdbInitServer, AnUnreachableServerGivesOneLineWithoutThePassword) {
