@@ -8,6 +8,7 @@
 #include "answers/wall/WallInput.h"
 #include "construction/CQKTimbering.h"
 #include "construction/CQKTimberingType.h"
+#include "exchange/GroupIds.h"
 #include "exchange/ImportValues.h"
 #include "exchange/StoredRows.h"
 #include "import/WriteTransaction.h"
@@ -54,7 +55,8 @@ const char* const kCompared[] = {"GMD",         "DrXs",          "BRr",         
 
 class Importer {
  public:
-  Importer(WriteTransaction& tx, ImportReport& report) : m_tx(tx), m_report(report) {}
+  Importer(WriteTransaction& tx, ImportReport& report)
+      : m_tx(tx), m_report(report), m_typeIds(tx, report, "construction type") {}
 
   void Row(const ordered_json& row, const std::string& where) {
     const std::string typeName = row[kType].get<std::string>();
@@ -63,7 +65,7 @@ class Importer {
       // A type of its own, perhaps without constructions yet.
       if (const std::string problem = NameProblem(typeName, "construction type"); !problem.empty())
         return m_report.Refused(where, problem);
-      TypeId(typeName);
+      m_typeIds(typeName);
       return;
     }
     if (const std::string problem = NameProblem(name, "construction"); !problem.empty())
@@ -87,7 +89,7 @@ class Importer {
     construction.SetStuffName(CString::FromUtf8(name));
     for (const RealItem& r : kReals) (construction.*r.set)(row[r.item].get<double>());
     construction.SetRoughness(static_cast<int>(roughness));
-    construction.TTId = typeName.empty() ? 0 : static_cast<int>(TypeId(typeName));
+    construction.TTId = typeName.empty() ? 0 : static_cast<int>(m_typeIds(typeName));
 
     CQKTimbering stored;
     stored.SetStuffName(CString::FromUtf8(name));
@@ -108,16 +110,6 @@ class Importer {
   }
 
  private:
-  long TypeId(const std::string& name) {
-    if (auto found = m_types.find(NameKey(name)); found != m_types.end()) return found->second;
-    CQKTimberingType type;
-    type.Name = CString::FromUtf8(name);
-    const QKLoad::DBStatusCode status = type.AddIfNotExist(m_tx.Database(), 1);
-    if (status == QKLoad::DBS_ERROR) throw DataError("cannot add the construction type " + Quoted(name));
-    if (status == QKLoad::DBS_ADDED) m_report.Added("construction type " + Quoted(name));
-    return m_types[NameKey(name)] = type.GetID();
-  }
-
   // The items whose stored value differs from the row's, "GMD, DrXs"; "" when none does.
   std::string Changes(long id, const ordered_json& row, long typeId) {
     std::string sql = "SELECT TTId";
@@ -133,7 +125,7 @@ class Importer {
 
   WriteTransaction& m_tx;
   ImportReport& m_report;
-  std::map<std::wstring, long> m_types;
+  GroupIds<CQKTimberingType> m_typeIds;  // the type IDs by name
   std::map<std::wstring, std::string> m_seen;
 };
 

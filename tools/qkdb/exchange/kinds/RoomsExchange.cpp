@@ -3,6 +3,7 @@
 #include <map>
 
 #include "answers/RowItems.h"
+#include "exchange/GroupIds.h"
 #include "exchange/ImportValues.h"
 #include "exchange/StoredRows.h"
 #include "import/WriteTransaction.h"
@@ -79,7 +80,8 @@ void Fill(CQKRULoadParam& load, const ordered_json& row) {
 
 class Importer {
  public:
-  Importer(WriteTransaction& tx, ImportReport& report) : m_tx(tx), m_report(report) {}
+  Importer(WriteTransaction& tx, ImportReport& report)
+      : m_tx(tx), m_report(report), m_typeIds(tx, report, "room type") {}
 
   void Row(const ordered_json& row, const std::string& where) {
     const std::string typeName = row[kType].get<std::string>();
@@ -89,7 +91,7 @@ class Importer {
     if (useName.empty()) {
       for (const ExchangeColumn& c : Parameters())
         if (!row[c.item].is_null()) return m_report.Refused(where, "load parameters without a room use");
-      TypeId(typeName);
+      m_typeIds(typeName);
       return;
     }
     if (const std::string problem = NameProblem(useName, "room use"); !problem.empty())
@@ -105,7 +107,7 @@ class Importer {
     }
 
     CQKRoomUse use;
-    use.RTId = TypeId(typeName);
+    use.RTId = m_typeIds(typeName);
     use.Name = CString::FromUtf8(useName);
     const std::string what = "room use " + Quoted(useName) + " (" + typeName + ")";
     const QKLoad::DBStatusCode found = use.IsExist(m_tx.Database());
@@ -134,16 +136,6 @@ class Importer {
   }
 
  private:
-  long TypeId(const std::string& name) {
-    if (auto found = m_types.find(NameKey(name)); found != m_types.end()) return found->second;
-    CQKRoomType type;
-    type.Name = CString::FromUtf8(name);
-    const QKLoad::DBStatusCode status = type.AddIfNotExist(m_tx.Database(), 1);
-    if (status == QKLoad::DBS_ERROR) throw DataError("cannot add the room type " + Quoted(name));
-    if (status == QKLoad::DBS_ADDED) m_report.Added("room type " + Quoted(name));
-    return m_types[NameKey(name)] = type.GetID();
-  }
-
   // The parameters whose stored value differs from the row's; "" when none does. A room use without
   // a parameter row has every parameter null.
   std::string Changes(long useId, const ordered_json& row) {
@@ -163,7 +155,7 @@ class Importer {
 
   WriteTransaction& m_tx;
   ImportReport& m_report;
-  std::map<std::wstring, long> m_types;
+  GroupIds<CQKRoomType> m_typeIds;  // the type IDs by name
   std::map<std::wstring, std::string> m_seen;
 };
 
