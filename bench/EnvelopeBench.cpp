@@ -4,6 +4,9 @@
 // constructions. The argument says whether the walls are computed (winter, then summer): with 1 both
 // sides do the same calculation, with 0 only the reads and the layer assembly are compared, that is
 // what the records add: the dialect layer, the record sets read whole, the named items.
+// A third side runs the library's own query texts (select *, each prepared and finalised per call, every
+// column of every row read) with the layers made as by hand: what SQLite costs for the queries the
+// records make, so that what the records themselves add stands apart.
 // Run: build/default/bench/qk_bench --benchmark_filter='TypeWalls' --benchmark_repetitions=5
 //        --benchmark_report_aggregates_only=true
 
@@ -151,5 +154,79 @@ void BM_TypeWalls_RawSqlite(benchmark::State& state) {
   sqlite3_close(db);
 }
 BENCHMARK(BM_TypeWalls_RawSqlite)->Arg(0)->Arg(1);
+
+// Every column of every row of sql, each read as the type it is stored with, as the records read them.
+struct Row {
+  std::vector<double> numbers;
+  std::vector<std::string> texts;
+};
+std::vector<Row> SelectEvery(sqlite3* db, const std::string& sql) {
+  std::vector<Row> rows;
+  sqlite3_stmt* st = nullptr;
+  sqlite3_prepare_v2(db, sql.c_str(), -1, &st, nullptr);
+  while (sqlite3_step(st) == SQLITE_ROW) {
+    Row& row = rows.emplace_back();
+    for (int c = 0; c < sqlite3_column_count(st); ++c) {
+      if (sqlite3_column_type(st, c) == SQLITE_TEXT) {
+        row.texts.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(st, c)));
+      } else {
+        row.numbers.push_back(sqlite3_column_double(st, c));
+      }
+    }
+  }
+  sqlite3_finalize(st);
+  return rows;
+}
+
+// The library's queries by hand: the codes of the type, each code's bounding structure, each layer's
+// construction by key, with the texts the records send (after the dialect layer). Columns by position
+// in the schema: BSCode (ID, BSTId, Name, ...), BoundingStructure (ID, BSCId, TIdS, HouDuS, XzXsS, ...),
+// Timbering (ID, TTId, Name, GMD, DrXs, BRr, ...).
+void BM_TypeWalls_RawLibraryQueries(benchmark::State& state) {
+  sqlite3* db = nullptr;
+  sqlite3_open_v2(CatalogueDatabase().c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
+  auto split = [](const std::string& s) {
+    std::vector<double> values;
+    for (std::size_t start = 0; start < s.size();) {
+      std::size_t end = s.find(',', start);
+      if (end == std::string::npos) end = s.size();
+      values.push_back(std::stod(s.substr(start, end - start)));
+      start = end + 1;
+    }
+    return values;
+  };
+  for (auto _ : state) {
+    CLxArray<CQKWallData> walls;
+    for (const Row& code : SelectEvery(db, "select * from BSCode where BSTId = 1 order by Id")) {
+      CQKWallData wall;
+      wall.Name = CString::FromUtf8(code.texts.at(0));
+      CLxArray<CQKTimberingData> layers;
+      const std::vector<Row> structure =
+          SelectEvery(db, "select * from BoundingStructure where BSCId=" + std::to_string(static_cast<int>(code.numbers.at(0))));
+      if (!structure.empty()) {
+        const std::vector<double> ids = split(structure[0].texts.at(0));
+        const std::vector<double> mm = split(structure[0].texts.at(1));
+        const std::vector<double> factors = split(structure[0].texts.at(2));
+        for (std::size_t i = 0; i < ids.size(); ++i) {
+          CQKTimberingData layer;
+          for (const Row& c : SelectEvery(db, "select * from \"Timbering\" where ID=" + std::to_string(static_cast<long>(ids[i])))) {
+            layer.SetStuffName(CString::FromUtf8(c.texts.at(0)));
+            layer.SetGMD(c.numbers.at(2));
+            layer.SetDrXs(c.numbers.at(3));
+            layer.SetBRr(c.numbers.at(4));
+          }
+          layer.SetThick(mm[i] / 1000.0);
+          layer.SetDrXsXz(factors[i]);
+          layers.Add(layer);
+        }
+      }
+      wall.SetTimbering(layers, false);
+      walls.Add(wall);
+    }
+    benchmark::DoNotOptimize(walls.GetSize());
+  }
+  sqlite3_close(db);
+}
+BENCHMARK(BM_TypeWalls_RawLibraryQueries);
 
 }  // namespace

@@ -10,11 +10,15 @@
 include(CMakePackageConfigHelpers)
 
 # The public headers: every header of the library's folders but the project's own internals (the list
-# of record classes, the record verbs they share, the UTF conversions, the database backends).
+# of record classes, the record verbs they share, the UTF conversions, the database backends and
+# what the library hands them).
 set(QK_INTERNAL_HEADERS
   binding/ReferenceTables.h
   foundation/QKRecordVerbs.h
   platform/mfc/Utf.h
+  platform/tablekit/reads/BoundSql.h
+  platform/tablekit/reads/ReadScope.h
+  platform/tablekit/sqlite/StatementCache.h
   platform/tablekit/CADOConnection.h
   platform/tablekit/FieldValue.h)
 foreach(folder foundation geography weather envelope construction rooms binding platform)

@@ -4,6 +4,7 @@
 #include "foundation/QKRecordVerbs.h"
 #include "tablekit/CADORecordset.h"
 #include "tablekit/RvAfxMessageBox.h"
+#include "tablekit/reads/ReadScope.h"
 
 CString CQKBSDataAdmin::s_m_strBMPDir;
 
@@ -80,6 +81,7 @@ CQKBSDataAdmin::tagTimbNode* CQKBSDataAdmin::GetTimbNodes(int bRebuild) {
 }
 
 int CQKBSDataAdmin::MakeBSNodes() {
+  tablekit::ReadScope reading;  // one read transaction for the whole build
   m_pBSRoot = new tagBSNode(L"*全部围护结构类型*", -1, nullptr, 1);
   m_bsTree.reset(m_pBSRoot, tagBSNode::FreeTree);
 
@@ -122,6 +124,7 @@ int CQKBSDataAdmin::MakeBSNodes() {
 }
 
 int CQKBSDataAdmin::MakeTimbNodes() {
+  tablekit::ReadScope reading;  // one read transaction for the whole build
   m_pTimbRoot = new tagTimbNode(L"*全部材质类型*", -1, nullptr, 1);
   m_timbTree.reset(m_pTimbRoot, tagTimbNode::FreeTree);
 
@@ -179,6 +182,7 @@ int CQKBSDataAdmin::GetBS(CQKBoundingStructure& bs, long& codeId) {
 
 void CQKBSDataAdmin::GetBSCodeCWallDataAry(const CQKBSType& type, CLxArray<CQKWallData>& out, bool bCal,
                                            const CQKCrXs& crxs) {
+  tablekit::ReadScope reading;  // one read transaction for every code, structure and construction
   out.RemoveAll();
   CQKBSCode code;
   CString sql;

@@ -3,6 +3,7 @@
 #include "foundation/QKRecordVerbs.h"
 #include "rooms/CQKRULoadParam.h"
 #include "tablekit/CADORecordset.h"
+#include "tablekit/reads/ReadScope.h"
 
 namespace {
 
@@ -27,6 +28,7 @@ CQKRoomUseDataAdmin::tagRoomUseNode* CQKRoomUseDataAdmin::GetRoomUseNodes(int bR
 }
 
 int CQKRoomUseDataAdmin::MakeRoomUseNodes() {
+  tablekit::ReadScope reading;  // one read transaction for the whole build
   // The old tree goes when the last admin sharing it lets go.
   m_pRoomUseRoot = new tagRoomUseNode(L"*", -1, nullptr, 1);
   m_tree.reset(m_pRoomUseRoot, tagRoomUseNode::FreeTree);

@@ -1,11 +1,13 @@
 #include "weather/CQKWeatherDataAdmin.h"
 
 #include <cmath>
+#include <unordered_map>
 #include <vector>
 
 #include "foundation/QKRecordVerbs.h"
 #include "tablekit/CADORecordset.h"
 #include "tablekit/RvAfxMessageBox.h"
+#include "tablekit/reads/ReadScope.h"
 
 namespace {
 
@@ -72,6 +74,7 @@ CQKWeatherDataAdmin::tagCityNode* CQKWeatherDataAdmin::GetCityNodes(int bRefresh
 }
 
 int CQKWeatherDataAdmin::MakeCityNodes(bool bWeatherOnly) {
+  tablekit::ReadScope reading;  // one read transaction for the whole build
   m_pCityRoot = new tagCityNode(L"*", -1, 1, nullptr);
   // A node whose parent is missing is made outside the tree; it is kept aside to be freed with it.
   auto makeNode = [this](const CString& name, long id, int flag, tagCityNode* parent) {
@@ -116,12 +119,20 @@ int CQKWeatherDataAdmin::MakeCityNodes(bool bWeatherOnly) {
   if (!province.ExecSql(sql, &provinces, nullptr) || provinces.GetRecordCount() == 0) return 0;
   long lastCountryId = 0;
   tagCityNode* countryNode = nullptr;
+  // What each province row said, for the cities below. Read in the same transaction, a row is what
+  // reading that province again by its id would give, so only a province not among them is read.
+  struct ProvinceRow {
+    CString name;
+    long countryId;
+  };
+  std::unordered_map<long, ProvinceRow> provinceRows;
   for (; !provinces.IsEOF(); provinces.MoveNext()) {
     long id = 0, countryId = 0;
     CString name;
     provinces.GetFieldValue(0, id);
     provinces.GetFieldValue(1, countryId);
     provinces.GetFieldValue(2, name);
+    provinceRows.emplace(id, ProvinceRow{name, countryId});
     if (countryId != lastCountryId) {
       CQKCountry owner;
       owner.SetID(countryId);
@@ -150,7 +161,14 @@ int CQKWeatherDataAdmin::MakeCityNodes(bool bWeatherOnly) {
     cities.GetFieldValue(2, name);
     if (provinceId != lastProvinceId) {
       CQKProvince owner;
-      owner.ReadData(provinceId);
+      const auto row = provinceRows.find(provinceId);
+      if (row != provinceRows.end()) {
+        owner.SetID(provinceId);
+        owner.Name = row->second.name;
+        owner.CId = row->second.countryId;
+      } else {
+        owner.ReadData(provinceId);
+      }
       CQKCountry ownersCountry;
       ownersCountry.SetID(owner.CId);
       provinceNode = FindProvinceNode(ownersCountry, owner);
@@ -232,6 +250,7 @@ int CQKWeatherDataAdmin::DeleteCountry(CQKCountry& country) {
 }
 
 int CQKWeatherDataAdmin::GetWeatherByCityId(CQKWeather& weather) {
+  tablekit::ReadScope reading;  // one read transaction for the climate and the three names
   int result = 0;
   CString sql;
   sql.Format(L"select * from %s where CId=%d", weather.GetTableName().GetString(), static_cast<int>(weather.CId));
@@ -263,6 +282,7 @@ int CQKWeatherDataAdmin::GetWeatherByJWD(CQKWeather& weather, double halfWidth) 
 }
 
 int CQKWeatherDataAdmin::GetWeather(CString sql, CQKWeather& weather) {
+  tablekit::ReadScope reading;  // one read transaction for the city and the stations
   const double targetJD = weather.JD;
   const double targetWD = weather.WD;
   CQKCity asked;

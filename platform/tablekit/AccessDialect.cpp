@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "mfc/Utf.h"
+#include "tablekit/reads/BoundSql.h"
 
 namespace tablekit {
 namespace {
@@ -206,21 +207,104 @@ void RewriteOrderBy(std::vector<Token>& t) {
   t = std::move(out);
 }
 
-}  // namespace
+// A word that starts a search condition (true) or ends one (false); others leave it as it is.
+bool StartsCondition(const Token& t) { return IsWord(t, L"where") || IsWord(t, L"on") || IsWord(t, L"having"); }
+bool EndsCondition(const Token& t) {
+  for (const wchar_t* word : {L"select", L"order", L"group", L"limit", L"union", L"intersect", L"except", L"set"}) {
+    if (IsWord(t, word)) return true;
+  }
+  return false;
+}
 
-bool TranslateAccessSql(const wchar_t* accessSql, std::string& out, std::string& error, SqlDialect dialect) {
-  std::vector<Token> tokens;
-  if (accessSql == nullptr || !Tokenize(accessSql, tokens, error)) {
-    if (accessSql == nullptr) error = "no statement";
+// Whether the blank-separated neighbour of t[i] on either side is a comparison.
+bool NextToComparison(const std::vector<Token>& t, std::size_t i) {
+  std::size_t before = i;
+  while (before > 0 && t[before - 1].kind == Kind::Space) --before;
+  if (before > 0 && IsComparison(t[before - 1])) return true;
+  std::size_t after = SkipBlanks(t, i + 1);
+  return after < t.size() && IsComparison(t[after]);
+}
+
+// The value of a literal token that can be bound without changing the statement: a whole number
+// that fits 64 bits, or a quoted text. False for anything else (decimals stay in the text).
+bool BindableValue(const Token& t, FieldValue& value) {
+  if (t.kind == Kind::Number) {
+    if (t.text.size() > 18 || t.text.find_first_not_of(L"0123456789") != std::wstring::npos) return false;
+    long long n = 0;
+    for (wchar_t c : t.text) n = n * 10 + (c - L'0');
+    value = FieldValue::Int(n);
+    return true;
+  }
+  if (t.kind != Kind::Literal) return false;
+  std::wstring text;  // between the quotes, with each doubled quote single again
+  for (std::size_t i = 1; i + 1 < t.text.size(); ++i) {
+    text.push_back(t.text[i]);
+    if (t.text[i] == L'\'' && t.text[i + 1] == L'\'') ++i;
+  }
+  value = FieldValue::Text(CString(text.c_str()));
+  return true;
+}
+
+// Replaces each bindable literal of a search condition with "?", its value appended to values.
+// Which clause a token is in is kept per parenthesis depth: a sub-select in a condition has a select
+// list of its own, and a parenthesised condition stays one.
+void TakeConditionLiterals(std::vector<Token>& t, std::vector<FieldValue>& values) {
+  // A statement with parameter marks of its own keeps its literals: values of ours would take the
+  // marks' places.
+  for (const Token& token : t) {
+    if (token.kind == Kind::Punct && (token.text == L"?" || token.text == L":" || token.text == L"@" || token.text == L"$"))
+      return;
+  }
+  std::vector<bool> inCondition{false};
+  for (std::size_t i = 0; i < t.size(); ++i) {
+    Token& token = t[i];
+    const int depth = DepthChange(token);
+    if (depth > 0) {
+      inCondition.push_back(inCondition.back());
+    } else if (depth < 0) {
+      if (inCondition.size() > 1) inCondition.pop_back();
+    } else if (token.kind == Kind::Word) {
+      if (StartsCondition(token)) inCondition.back() = true;
+      if (EndsCondition(token)) inCondition.back() = false;
+    } else if (inCondition.back() && NextToComparison(t, i)) {
+      FieldValue value;
+      if (!BindableValue(token, value)) continue;
+      values.push_back(std::move(value));
+      token = {Kind::Punct, L"?"};
+    }
+  }
+}
+
+// Tokenizes and applies the rewrites every dialect shares; limit receives the N of "top N".
+bool TranslateTokens(const wchar_t* accessSql, std::vector<Token>& tokens, std::wstring& limit, std::string& error) {
+  if (accessSql == nullptr) {
+    error = "no statement";
     return false;
   }
+  if (!Tokenize(accessSql, tokens, error)) return false;
   if (SkipBlanks(tokens, 0) >= tokens.size()) {
     error = "empty statement";
     return false;
   }
-  std::wstring limit;
   if (!TakeTop(tokens, limit, error)) return false;
   RewriteOrderBy(tokens);
+  return true;
+}
+
+std::string Join(const std::vector<Token>& tokens, const std::wstring& limit) {
+  std::wstring sql;
+  for (const Token& t : tokens) sql += t.text;
+  while (!sql.empty() && sql.back() == L' ') sql.pop_back();
+  if (!limit.empty()) sql += L" LIMIT " + limit;
+  return qk::utf::ToUtf8(sql);
+}
+
+}  // namespace
+
+bool TranslateAccessSql(const wchar_t* accessSql, std::string& out, std::string& error, SqlDialect dialect) {
+  std::vector<Token> tokens;
+  std::wstring limit;
+  if (!TranslateTokens(accessSql, tokens, limit, error)) return false;
   if (dialect == SqlDialect::PostgreSQL) {
     for (Token& t : tokens) {
       if (t.kind != Kind::Identifier) continue;
@@ -229,11 +313,17 @@ bool TranslateAccessSql(const wchar_t* accessSql, std::string& out, std::string&
       }
     }
   }
-  std::wstring sql;
-  for (const Token& t : tokens) sql += t.text;
-  while (!sql.empty() && sql.back() == L' ') sql.pop_back();
-  if (!limit.empty()) sql += L" LIMIT " + limit;
-  out = qk::utf::ToUtf8(sql);
+  out = Join(tokens, limit);
+  return true;
+}
+
+bool TranslateAccessSqlBound(const wchar_t* accessSql, BoundSql& out, std::string& error) {
+  std::vector<Token> tokens;
+  std::wstring limit;
+  if (!TranslateTokens(accessSql, tokens, limit, error)) return false;
+  out.values.clear();
+  TakeConditionLiterals(tokens, out.values);
+  out.text = Join(tokens, limit);
   return true;
 }
 

@@ -44,6 +44,19 @@ class CADOConnection {
   virtual int GetConnectType() const = 0;
   // Runs one query and collects every row.
   virtual bool Query(const std::string& sql, tablekit::ResultSet& result, std::string& error) = 0;
+  // Whether the backend takes a query's literals as bound values (QueryBound), so that it can keep
+  // one prepared statement for every id and name.
+  virtual bool BindsLiterals() const { return false; }
+  // Runs one query whose "?" stand for values, in order (from TranslateAccessSqlBound).
+  virtual bool QueryBound(const std::string& sql, const std::vector<tablekit::FieldValue>& values,
+                          tablekit::ResultSet& result, std::string& error) {
+    (void)sql, (void)values, (void)result;
+    error = "this database does not take bound values";
+    return false;
+  }
+  // Ends the read transaction the connection began for a ReadScope (ReadScope.h); backends that
+  // begin none have nothing to do.
+  virtual void EndReadScope() {}
   // Runs one statement that returns no rows.
   virtual bool Execute(const std::string& sql, std::string& error) = 0;
   // Inserts one row with bound values; the database assigns the key, returned in newKey.

@@ -7,6 +7,7 @@
 #include "tablekit/AccessDialect.h"
 #include "tablekit/CADOConnection.h"
 #include "tablekit/CADODatabase.h"
+#include "tablekit/reads/BoundSql.h"
 
 using tablekit::FieldValue;
 
@@ -40,14 +41,34 @@ struct CADORecordset::State {
   std::vector<std::pair<int, FieldValue>> pending;  // column index, new value
   std::string lastError;
   std::vector<std::uint32_t> columnKeys;  // ColumnKey of each column, made when the result is read
+  // Open addressing over columnKeys, built once per result: each slot holds a column index or -1. A
+  // record reads its row by names, one lookup per item, so this is on every row's path; a result of
+  // 77 columns read item by item would otherwise compare 77 × 77 / 2 keys per row.
+  std::vector<int> slots;
 
-  // The first column of that name, ignoring ASCII case; -1 for none. A record reads its row by
-  // names, one lookup per item, so this is on every row's path.
-  int Column(const wchar_t* name) const {
-    if (name == nullptr) return -1;
-    const std::uint32_t key = ColumnKey(name);
+  void IndexColumns() {
+    columnKeys.clear();
+    for (const CString& column : result.columns) columnKeys.push_back(ColumnKey(column));
+    std::size_t size = 4;
+    while (size < 2 * columnKeys.size()) size *= 2;
+    slots.assign(size, -1);
+    // In column order, so that of two columns with one name the first sits earlier on the probe path.
     for (std::size_t i = 0; i < columnKeys.size(); ++i) {
-      if (columnKeys[i] == key && result.columns[i].CompareNoCase(name) == 0) return static_cast<int>(i);
+      std::size_t slot = columnKeys[i] & (size - 1);
+      while (slots[slot] >= 0) slot = (slot + 1) & (size - 1);
+      slots[slot] = static_cast<int>(i);
+    }
+  }
+
+  // The first column of that name, ignoring ASCII case; -1 for none.
+  int Column(const wchar_t* name) const {
+    if (name == nullptr || slots.empty()) return -1;
+    const std::uint32_t key = ColumnKey(name);
+    const std::size_t mask = slots.size() - 1;
+    for (std::size_t slot = key & mask; slots[slot] >= 0; slot = (slot + 1) & mask) {
+      const int i = slots[slot];
+      if (columnKeys[static_cast<std::size_t>(i)] == key && result.columns[static_cast<std::size_t>(i)].CompareNoCase(name) == 0)
+        return i;
     }
     return -1;
   }
@@ -115,11 +136,19 @@ int CADORecordset::Open(CADOConnection* connection, const CADOOP& options, int c
   const tablekit::SqlDialect dialect = connectType == CADODatabase::connectTypePostgreSQL
                                           ? tablekit::SqlDialect::PostgreSQL
                                           : tablekit::SqlDialect::SQLite;
-  if (!tablekit::TranslateAccessSql(sql, translated, error, dialect) || !connection->Query(translated, s.result, error)) {
+  bool ran;
+  if (connection->BindsLiterals()) {
+    tablekit::BoundSql bound;
+    ran = tablekit::TranslateAccessSqlBound(sql, bound, error) &&
+          connection->QueryBound(bound.text, bound.values, s.result, error);
+  } else {
+    ran = tablekit::TranslateAccessSql(sql, translated, error, dialect) && connection->Query(translated, s.result, error);
+  }
+  if (!ran) {
     s.result = tablekit::ResultSet();
     return s.Fail(error);
   }
-  for (const CString& column : s.result.columns) s.columnKeys.push_back(ColumnKey(column));
+  s.IndexColumns();
   s.connection = connection;
   s.readOnly = options.nLockType == CADOOP::lockReadOnly;
   s.open = true;
@@ -135,6 +164,7 @@ void CADORecordset::Close() {
   s.connection = nullptr;
   s.result = tablekit::ResultSet();
   s.columnKeys.clear();
+  s.slots.clear();
   s.current = 0;
   s.mode = State::Mode::None;
   s.pending.clear();

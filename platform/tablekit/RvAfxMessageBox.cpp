@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "mfc/CString.h"
+#include "tablekit/reads/ReadScope.h"
 
 namespace {
 
@@ -19,6 +20,7 @@ RvMessageBoxHandler& Handler() {
 }  // namespace
 
 int RvAfxMessageBox(const wchar_t* text, unsigned int type, HWND owner) {
+  tablekit::ReadScope::Pause();  // a host may wait for its user here: hold no lock meanwhile
   return Handler()(text ? text : L"", type, owner);
 }
 

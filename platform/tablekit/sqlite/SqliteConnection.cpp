@@ -2,7 +2,12 @@
 
 #include <sqlite3.h>
 
+#include <chrono>
+#include <thread>
+#include <utility>
+
 #include "tablekit/CADODatabase.h"
+#include "tablekit/reads/ReadScope.h"
 
 namespace tablekit {
 namespace {
@@ -88,6 +93,46 @@ bool RunToEnd(sqlite3* db, sqlite3_stmt* st, std::string& error) {
   return rc == SQLITE_DONE || Fail(db, error);
 }
 
+// Collects every row of st, then names its columns: after stepping, because a statement that SQLite
+// prepared again for a schema another connection changed may have other columns than before.
+bool ReadRows(sqlite3* db, sqlite3_stmt* st, ResultSet& result, std::string& error) {
+  result = ResultSet();
+  int n = -1;
+  int rc;
+  while ((rc = sqlite3_step(st)) == SQLITE_ROW) {
+    if (n < 0) n = sqlite3_column_count(st);
+    std::vector<FieldValue> row;
+    row.reserve(static_cast<std::size_t>(n));
+    for (int i = 0; i < n; ++i) row.push_back(ReadColumn(st, i));
+    result.rows.push_back(std::move(row));
+  }
+  if (rc != SQLITE_DONE) return Fail(db, error);
+  const int columns = sqlite3_column_count(st);
+  for (int i = 0; i < columns; ++i) {
+    const char* name = sqlite3_column_name(st, i);
+    result.columns.push_back(CString::FromUtf8(name ? name : ""));
+    const char* table = sqlite3_column_table_name(st, i);
+    if (i == 0) {
+      result.table = table ? table : "";
+    } else if (!table || result.table != table) {
+      result.table.clear();
+    }
+  }
+  return true;
+}
+
+// Whether a statement of ours changes the schema (the kept statements are then let go).
+bool ChangesSchema(const std::string& sql) {
+  std::size_t start = sql.find_first_not_of(" \t\r\n");
+  if (start == std::string::npos) return false;
+  for (const char* word : {"create", "drop", "alter"}) {
+    std::size_t i = 0;
+    while (word[i] && start + i < sql.size() && (sql[start + i] | 0x20) == word[i]) ++i;
+    if (word[i] == '\0') return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 std::unique_ptr<SqliteConnection> SqliteConnection::Open(const std::string& pathUtf8, std::string& error) {
@@ -104,7 +149,7 @@ std::unique_ptr<SqliteConnection> SqliteConnection::Open(const std::string& path
     error = db ? sqlite3_errmsg(db) : "out of memory";
     return nullptr;
   }
-  sqlite3_busy_timeout(db, kBusyTimeoutMs);
+  sqlite3_busy_handler(db, &SqliteConnection::WaitWhileBusy, conn.get());
   sqlite3_extended_result_codes(db, 1);
   // Opening is lazy in SQLite; reading the schema proves the file is a database.
   if (sqlite3_exec(db, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr) != SQLITE_OK) {
@@ -114,38 +159,76 @@ std::unique_ptr<SqliteConnection> SqliteConnection::Open(const std::string& path
   return conn;
 }
 
-SqliteConnection::~SqliteConnection() { sqlite3_close_v2(m_db); }
+int SqliteConnection::WaitWhileBusy(void* self, int tries) {
+  using Clock = std::chrono::steady_clock;
+  Clock::time_point& since = static_cast<SqliteConnection*>(self)->m_busySince;
+  if (tries == 0) since = Clock::now();
+  if (Clock::now() - since >= std::chrono::milliseconds(kBusyTimeoutMs)) return 0;
+  std::this_thread::sleep_for(std::chrono::microseconds(kBusyPollUs));
+  return 1;
+}
+
+SqliteConnection::~SqliteConnection() {
+  LeaveReadScope();
+  m_statements.Clear();  // SQLite closes a database only once its statements are gone
+  sqlite3_close_v2(m_db);
+}
 
 int SqliteConnection::GetConnectType() const { return CADODatabase::connectTypeSQLite; }
 
+sqlite3_stmt* SqliteConnection::Prepared(const std::string& sql, std::string& error) {
+  if (sqlite3_stmt* kept = m_statements.Find(sql)) return kept;
+  Statement fresh;
+  if (!Prepare(m_db, sql, fresh, error)) return nullptr;
+  m_statements.Keep(sql, fresh.stmt);
+  return std::exchange(fresh.stmt, nullptr);
+}
+
 bool SqliteConnection::Query(const std::string& sql, ResultSet& result, std::string& error) {
-  Statement st;
-  if (!Prepare(m_db, sql, st, error)) return false;
-  int n = sqlite3_column_count(st.stmt);
-  result = ResultSet();
-  for (int i = 0; i < n; ++i) {
-    const char* name = sqlite3_column_name(st.stmt, i);
-    result.columns.push_back(CString::FromUtf8(name ? name : ""));
-    const char* table = sqlite3_column_table_name(st.stmt, i);
-    if (i == 0) {
-      result.table = table ? table : "";
-    } else if (!table || result.table != table) {
-      result.table.clear();
-    }
-  }
-  int rc;
-  while ((rc = sqlite3_step(st.stmt)) == SQLITE_ROW) {
-    std::vector<FieldValue> row;
-    row.reserve(static_cast<std::size_t>(n));
-    for (int i = 0; i < n; ++i) row.push_back(ReadColumn(st.stmt, i));
-    result.rows.push_back(std::move(row));
-  }
-  return rc == SQLITE_DONE || Fail(m_db, error);
+  return QueryBound(sql, {}, result, error);
+}
+
+bool SqliteConnection::QueryBound(const std::string& sql, const std::vector<FieldValue>& values, ResultSet& result,
+                                  std::string& error) {
+  JoinReadScope();
+  sqlite3_stmt* st = Prepared(sql, error);
+  if (st == nullptr) return false;
+  bool ok = true;
+  for (std::size_t i = 0; ok && i < values.size(); ++i) ok = Bind(m_db, st, static_cast<int>(i) + 1, values[i], error);
+  ok = ok && ReadRows(m_db, st, result, error);
+  sqlite3_reset(st);  // lets go of the statement's hold on the database at once
+  if (!ok) m_statements.Drop(sql);
+  return ok;
 }
 
 bool SqliteConnection::Execute(const std::string& sql, std::string& error) {
+  LeaveReadScope();
   Statement st;
-  return Prepare(m_db, sql, st, error) && RunToEnd(m_db, st.stmt, error);
+  const bool ok = Prepare(m_db, sql, st, error) && RunToEnd(m_db, st.stmt, error);
+  if (ChangesSchema(sql)) m_statements.Clear();
+  return ok;
+}
+
+void SqliteConnection::JoinReadScope() {
+  if (m_inReadScope || !ReadScope::Active() || !sqlite3_get_autocommit(m_db)) return;
+  // Deferred: the first read takes the shared lock. If BEGIN fails the queries run on their own.
+  if (sqlite3_exec(m_db, "BEGIN", nullptr, nullptr, nullptr) != SQLITE_OK) return;
+  m_inReadScope = true;
+  ReadScope::Joined(this);
+}
+
+void SqliteConnection::EndReadScope() {
+  if (!m_inReadScope) return;
+  m_inReadScope = false;
+  // Only reads ran inside (a write ends the transaction first), so ending it loses nothing.
+  if (sqlite3_exec(m_db, "COMMIT", nullptr, nullptr, nullptr) != SQLITE_OK)
+    sqlite3_exec(m_db, "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+void SqliteConnection::LeaveReadScope() {
+  if (!m_inReadScope) return;
+  EndReadScope();
+  ReadScope::Left(this);
 }
 
 bool SqliteConnection::InsertRow(const std::string& table, const ColumnValues& values, long long& newKey,
@@ -161,12 +244,14 @@ bool SqliteConnection::InsertRow(const std::string& table, const ColumnValues& v
     }
     sql += " (" + names + ") VALUES (" + marks + ")";
   }
-  Statement st;
-  if (!Prepare(m_db, sql, st, error)) return false;
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    if (!Bind(m_db, st.stmt, static_cast<int>(i) + 1, values[i].second, error)) return false;
-  }
-  if (!RunToEnd(m_db, st.stmt, error)) return false;
+  LeaveReadScope();
+  sqlite3_stmt* st = Prepared(sql, error);
+  if (st == nullptr) return false;
+  bool ok = true;
+  for (std::size_t i = 0; ok && i < values.size(); ++i) ok = Bind(m_db, st, static_cast<int>(i) + 1, values[i].second, error);
+  ok = ok && RunToEnd(m_db, st, error);
+  sqlite3_reset(st);
+  if (!ok) return false;
   newKey = sqlite3_last_insert_rowid(m_db);
   return true;
 }
@@ -177,14 +262,15 @@ bool SqliteConnection::UpdateRow(const std::string& table, const std::string& ke
   std::string sets;
   for (const auto& [name, value] : values) sets += (sets.empty() ? "" : ", ") + QuoteIdentifier(name) + " = ?";
   std::string sql = "UPDATE " + QuoteIdentifier(table) + " SET " + sets + " WHERE " + QuoteIdentifier(keyColumn) + " = ?";
-  Statement st;
-  if (!Prepare(m_db, sql, st, error)) return false;
+  LeaveReadScope();
+  sqlite3_stmt* st = Prepared(sql, error);
+  if (st == nullptr) return false;
+  bool ok = true;
   int index = 1;
-  for (const auto& [name, value] : values) {
-    if (!Bind(m_db, st.stmt, index++, value, error)) return false;
-  }
-  if (sqlite3_bind_int64(st.stmt, index, key) != SQLITE_OK) return Fail(m_db, error);
-  if (!RunToEnd(m_db, st.stmt, error)) return false;
+  for (auto it = values.begin(); ok && it != values.end(); ++it) ok = Bind(m_db, st, index++, it->second, error);
+  ok = ok && (sqlite3_bind_int64(st, index, key) == SQLITE_OK || Fail(m_db, error)) && RunToEnd(m_db, st, error);
+  sqlite3_reset(st);
+  if (!ok) return false;
   if (sqlite3_changes(m_db) == 0) {
     error = "no row with key " + std::to_string(key);
     return false;

@@ -4,19 +4,33 @@
 // Open never creates a file: a missing file, or one that is not an SQLite database, fails. A file the
 // process may only read opens read-only (queries work, writes fail). A database locked by another
 // writer is waited for up to kBusyTimeoutMs, then the statement fails.
+//
+// Queries are prepared once and kept (StatementCache); their values come bound (QueryBound). Inside
+// a ReadScope a query begins a read transaction when the connection is in none.
 
+#include <chrono>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "tablekit/CADOConnection.h"
+#include "tablekit/sqlite/StatementCache.h"
 
 struct sqlite3;
+struct sqlite3_stmt;
 
 namespace tablekit {
 
 class SqliteConnection : public CADOConnection {
  public:
   static constexpr int kBusyTimeoutMs = 2000;
+  // How often a lock another connection holds is asked for again while waiting. SQLite's own wait
+  // backs off to 100 ms between tries, and SQLite keeps no queue: a program that writes row after row
+  // leaves gaps of microseconds between its commits, which tries that far apart nearly always miss.
+  static constexpr int kBusyPollUs = 200;
+  // Prepared queries kept per connection: more than the distinct queries of any one call of the
+  // library, few enough that the memory they hold stays small.
+  static constexpr std::size_t kKeptStatements = 64;
 
   // The open connection, or null with the reason in error.
   static std::unique_ptr<SqliteConnection> Open(const std::string& pathUtf8, std::string& error);
@@ -24,6 +38,10 @@ class SqliteConnection : public CADOConnection {
 
   int GetConnectType() const override;
   bool Query(const std::string& sql, ResultSet& result, std::string& error) override;
+  bool BindsLiterals() const override { return true; }
+  bool QueryBound(const std::string& sql, const std::vector<FieldValue>& values, ResultSet& result,
+                  std::string& error) override;
+  void EndReadScope() override;
   bool Execute(const std::string& sql, std::string& error) override;
   bool InsertRow(const std::string& table, const ColumnValues& values, long long& newKey,
                  std::string& error) override;
@@ -31,8 +49,20 @@ class SqliteConnection : public CADOConnection {
                  const ColumnValues& values, std::string& error) override;
 
  private:
-  explicit SqliteConnection(sqlite3* db) : m_db(db) {}
+  explicit SqliteConnection(sqlite3* db) : m_db(db), m_statements(kKeptStatements) {}
+  // SQLite's busy handler: true (try again) every kBusyPollUs until kBusyTimeoutMs have passed.
+  static int WaitWhileBusy(void* self, int tries);
+  // The kept statement for sql, prepared now if it is not kept yet; null with the reason in error.
+  sqlite3_stmt* Prepared(const std::string& sql, std::string& error);
+  // Begins the read transaction of a live ReadScope, when the connection is in no transaction.
+  void JoinReadScope();
+  // Ends this connection's read transaction before a write, so that the write is not inside it.
+  void LeaveReadScope();
+
   sqlite3* m_db;
+  StatementCache m_statements;
+  bool m_inReadScope = false;  // in a read transaction it began for a ReadScope
+  std::chrono::steady_clock::time_point m_busySince;  // when the present wait for a lock began
 };
 
 }  // namespace tablekit

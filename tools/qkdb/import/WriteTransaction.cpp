@@ -58,21 +58,31 @@ WriteTransaction::WriteTransaction(const std::string& path, double waitSeconds) 
     if (Clock::now() >= deadline) throw DatabaseBusy(busy);
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
   }
-  const long long waitMs =
-      std::max<long long>(1, std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now()).count());
+  const auto msLeft = [&] {
+    return std::max<long long>(1, std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now()).count());
+  };
   std::string error;
   bool begun = false;
   if (IsServer()) {
     tablekit::ResultSet locked;
     begun = Connection().Execute("BEGIN", error) &&
-            Connection().Execute("SET LOCAL lock_timeout = " + std::to_string(waitMs), error) &&
+            Connection().Execute("SET LOCAL lock_timeout = " + std::to_string(msLeft()), error) &&
             Connection().Query("SELECT pg_advisory_xact_lock(" + std::to_string(kWriterLock) + ")", locked, error);
     m_open = true;  // BEGIN ran: a failure after it is rolled back by the destructor
   } else {
+    // SQLite keeps no queue for its write lock, and its own wait backs off to 100 ms between tries:
+    // a host that writes row after row leaves gaps of microseconds between its commits, which such
+    // tries nearly always miss. The lock is asked for every 0.2 ms instead, as long as the tool was
+    // told to wait (as the library does for its own waits); once it is held, SQLite waits what is
+    // left of that time for the readers to finish at commit.
     tablekit::ResultSet timeout;
-    begun = Connection().Query("PRAGMA busy_timeout = " + std::to_string(waitMs), timeout, error) &&
-            Connection().Execute("BEGIN IMMEDIATE", error);
+    begun = Connection().Query("PRAGMA busy_timeout = 0", timeout, error);
+    while (begun && !Connection().Execute("BEGIN IMMEDIATE", error)) {
+      begun = IsBusy(error) && Clock::now() < deadline;
+      if (begun) std::this_thread::sleep_for(std::chrono::microseconds(200));
+    }
     m_open = begun;
+    begun = begun && Connection().Query("PRAGMA busy_timeout = " + std::to_string(msLeft()), timeout, error);
   }
   if (begun) return;
   if (IsBusy(error)) throw DatabaseBusy(busy);
