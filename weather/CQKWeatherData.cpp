@@ -71,25 +71,25 @@ struct ExchangeReader {
   }
 };
 
-// The fourteen design-day fields exchanged by name under a prefix ("Sum" or "Win"), in the
-// exchange's order, which differs from the design day's own stream order.
+// The fourteen design-day fields exchanged by name under a prefix ("Sum" for the summer day, "Win"
+// for the winter one), in the exchange's order, which differs from the design day's own stream order.
+// The names are spelled out rather than joined, since a row is read item by item.
 template <class Visit>
-void WalkDesignDayItems(Visit& v, const wchar_t* prefix, CQKDesignData& day) {
-  const CString p = prefix;
-  v.Item(p + L"MaxDryBulbTemp", day.MaxDryBulbTemp);
-  v.Item(p + L"DailyTempRange", day.DailyTempRange);
-  v.Item(p + L"HumMaxDryBulb", day.HumMaxDryBulb);
-  v.Item(p + L"BarPress", day.BarPress);
-  v.Item(p + L"WindSpeed", day.WindSpeed);
-  v.Item(p + L"WindDirection", day.WindDirection);
-  v.Item(p + L"SkyClearness", day.SkyClearness);
-  v.Item(p + L"RainIndicator", day.RainIndicator);
-  v.Item(p + L"SnowIndicator", day.SnowIndicator);
-  v.Item(p + L"DayOfMonth", day.DayOfMonth);
-  v.Item(p + L"Month", day.Month);
-  v.Item(p + L"DayType", day.DayType);
-  v.Item(p + L"DSTIndicator", day.DSTIndicator);
-  v.Item(p + L"HumIndType", day.HumIndType);
+void WalkDesignDayItems(Visit& v, bool summer, CQKDesignData& day) {
+  v.Item(summer ? L"SumMaxDryBulbTemp" : L"WinMaxDryBulbTemp", day.MaxDryBulbTemp);
+  v.Item(summer ? L"SumDailyTempRange" : L"WinDailyTempRange", day.DailyTempRange);
+  v.Item(summer ? L"SumHumMaxDryBulb" : L"WinHumMaxDryBulb", day.HumMaxDryBulb);
+  v.Item(summer ? L"SumBarPress" : L"WinBarPress", day.BarPress);
+  v.Item(summer ? L"SumWindSpeed" : L"WinWindSpeed", day.WindSpeed);
+  v.Item(summer ? L"SumWindDirection" : L"WinWindDirection", day.WindDirection);
+  v.Item(summer ? L"SumSkyClearness" : L"WinSkyClearness", day.SkyClearness);
+  v.Item(summer ? L"SumRainIndicator" : L"WinRainIndicator", day.RainIndicator);
+  v.Item(summer ? L"SumSnowIndicator" : L"WinSnowIndicator", day.SnowIndicator);
+  v.Item(summer ? L"SumDayOfMonth" : L"WinDayOfMonth", day.DayOfMonth);
+  v.Item(summer ? L"SumMonth" : L"WinMonth", day.Month);
+  v.Item(summer ? L"SumDayType" : L"WinDayType", day.DayType);
+  v.Item(summer ? L"SumDSTIndicator" : L"WinDSTIndicator", day.DSTIndicator);
+  v.Item(summer ? L"SumHumIndType" : L"WinHumIndType", day.HumIndType);
 }
 
 // The ordered stream, after the CAData items.
@@ -195,8 +195,8 @@ void WalkExchange(Visit& v, CQKWeatherData& w, unsigned long version) {
   v.Item(L"EpwType", w.EpwType);
   v.Item(L"Elevation", w.Elevation);
   v.Item(L"TimeZone", w.TimeZone);
-  WalkDesignDayItems(v, L"Sum", w.SumDesignDay);
-  WalkDesignDayItems(v, L"Win", w.WinDesignDay);
+  WalkDesignDayItems(v, true, w.SumDesignDay);
+  WalkDesignDayItems(v, false, w.WinDesignDay);
   v.Item(L"SumWindDef", w.SumWindDef);
   v.Item(L"WinWindDef", w.WinWindDef);
 }

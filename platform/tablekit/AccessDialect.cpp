@@ -21,12 +21,16 @@ bool IsWordStart(wchar_t c) { return c == L'_' || (c < 0x80 ? std::iswalpha(c) !
 bool IsWordChar(wchar_t c) { return IsWordStart(c) || (c >= L'0' && c <= L'9'); }
 bool IsBlank(wchar_t c) { return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n' || c == L'\f' || c == L'\v'; }
 
+// word is a lower-case ASCII keyword, so folding the ASCII letters of the token is enough: no other
+// character can equal one of its letters.
 bool IsWord(const Token& t, const wchar_t* word) {
-  if (t.kind != Kind::Word || t.text.size() != std::wcslen(word)) return false;
-  for (std::size_t i = 0; i < t.text.size(); ++i) {
-    if (static_cast<wchar_t>(std::towlower(t.text[i])) != word[i]) return false;
+  if (t.kind != Kind::Word) return false;
+  std::size_t i = 0;
+  for (; i < t.text.size() && word[i] != L'\0'; ++i) {
+    const wchar_t c = t.text[i];
+    if ((c >= L'A' && c <= L'Z' ? c + (L'a' - L'A') : c) != word[i]) return false;
   }
-  return true;
+  return i == t.text.size() && word[i] == L'\0';
 }
 
 bool IsComparison(const Token& t) {
@@ -59,6 +63,7 @@ bool Requote(std::wstring_view sql, std::size_t& i, wchar_t close, wchar_t quote
 
 // Splits the statement into tokens, converting Access texts and names on the way.
 bool Tokenize(std::wstring_view sql, std::vector<Token>& tokens, std::string& error) {
+  tokens.reserve(sql.size() / 3);
   std::size_t i = 0;
   while (i < sql.size()) {
     wchar_t c = sql[i];

@@ -17,15 +17,25 @@ constexpr long long kInt32Min = std::numeric_limits<std::int32_t>::min();
 constexpr long long kInt32Max = std::numeric_limits<std::int32_t>::max();
 constexpr long long kUInt32Max = std::numeric_limits<std::uint32_t>::max();
 
-// FNV-1a over the name with ASCII letters folded to lower case: equal for names that CompareNoCase
-// finds equal, so a column is looked up by comparing numbers and confirmed by one text comparison.
+wchar_t FoldAscii(wchar_t c) { return (c >= L'A' && c <= L'Z') ? c + (L'a' - L'A') : c; }
+
+// FNV-1a over the name with ASCII letters folded to lower case: equal for names that SameName finds
+// equal, so a column is looked up by comparing numbers and confirmed by one text comparison.
 std::uint32_t ColumnKey(const wchar_t* name) {
   std::uint32_t h = 2166136261u;
   for (; *name; ++name) {
-    const wchar_t c = (*name >= L'A' && *name <= L'Z') ? *name + (L'a' - L'A') : *name;
-    h = (h ^ static_cast<std::uint32_t>(c)) * 16777619u;
+    h = (h ^ static_cast<std::uint32_t>(FoldAscii(*name))) * 16777619u;
   }
   return h;
+}
+
+// Whether column and name are equal ignoring ASCII case, the rule ColumnKey folds by.
+bool SameName(const CString& column, const wchar_t* name) {
+  const wchar_t* c = column.GetString();
+  for (; *c && *name; ++c, ++name) {
+    if (FoldAscii(*c) != FoldAscii(*name)) return false;
+  }
+  return *c == *name;
 }
 }  // namespace
 
@@ -67,7 +77,7 @@ struct CADORecordset::State {
     const std::size_t mask = slots.size() - 1;
     for (std::size_t slot = key & mask; slots[slot] >= 0; slot = (slot + 1) & mask) {
       const int i = slots[slot];
-      if (columnKeys[static_cast<std::size_t>(i)] == key && result.columns[static_cast<std::size_t>(i)].CompareNoCase(name) == 0)
+      if (columnKeys[static_cast<std::size_t>(i)] == key && SameName(result.columns[static_cast<std::size_t>(i)], name))
         return i;
     }
     return -1;

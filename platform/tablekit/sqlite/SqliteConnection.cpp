@@ -143,7 +143,9 @@ std::unique_ptr<SqliteConnection> SqliteConnection::Open(const std::string& path
     return nullptr;
   }
   sqlite3* db = nullptr;
-  int rc = sqlite3_open_v2(pathUtf8.c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
+  // No mutex: a connection is used by one thread at a time (CADODatabase is not for concurrent use),
+  // and SQLite would otherwise lock one around every call, each column of each row included.
+  int rc = sqlite3_open_v2(pathUtf8.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
   std::unique_ptr<SqliteConnection> conn(new SqliteConnection(db));  // closes db on every failure below
   if (rc != SQLITE_OK) {
     error = db ? sqlite3_errmsg(db) : "out of memory";
