@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <cwchar>
 #include <string>
 
 #include "TestDatabase.h"
@@ -117,6 +118,26 @@ TEST_F(SqliteStatements, ManyDistinctQueriesAllAnswerRight) {
   }
 }
 
+// A record set remembers where it found a name by the name's address; a buffer that holds another
+// name the next time must still find that name's column.
+TEST_F(SqliteStatements, NameAskedFromABufferThatChangedFindsItsOwnColumn) {
+  CADORecordset rs(&db);
+  ASSERT_TRUE(rs.Open(L"select ID, Name, Name as Alias from T where ID=2"));
+  wchar_t name[16] = L"Name";
+  CString text;
+  EXPECT_TRUE(rs.GetFieldValue(name, text));
+  EXPECT_EQ(text, CString(L"乙"));
+  std::wcscpy(name, L"ID");
+  long id = 0;
+  EXPECT_TRUE(rs.GetFieldValue(name, id));
+  EXPECT_EQ(id, 2);
+  std::wcscpy(name, L"Missing");
+  EXPECT_FALSE(rs.GetFieldValue(name, text));
+  std::wcscpy(name, L"alias");
+  EXPECT_TRUE(rs.GetFieldValue(name, text));
+  EXPECT_EQ(text, CString(L"乙"));
+}
+
 TEST(StatementCache, LetsTheLeastRecentlyUsedGoWhenFull) {
   sqlite3* db = nullptr;
   ASSERT_EQ(sqlite3_open(":memory:", &db), SQLITE_OK);
@@ -126,11 +147,11 @@ TEST(StatementCache, LetsTheLeastRecentlyUsedGoWhenFull) {
     sqlite3_stmt* b = PrepareOn(db, "select 2");
     cache.Keep("select 1", a);
     cache.Keep("select 2", b);
-    EXPECT_EQ(cache.Find("select 1"), a);  // now the most recently used
+    EXPECT_EQ(cache.Find("select 1")->statement, a);  // now the most recently used
     cache.Keep("select 3", PrepareOn(db, "select 3"));
     EXPECT_EQ(cache.Size(), 2u);
     EXPECT_EQ(cache.Find("select 2"), nullptr);
-    EXPECT_EQ(cache.Find("select 1"), a);
+    EXPECT_EQ(cache.Find("select 1")->statement, a);
     EXPECT_NE(cache.Find("select 3"), nullptr);
     cache.Drop("select 1");
     EXPECT_EQ(cache.Find("select 1"), nullptr);

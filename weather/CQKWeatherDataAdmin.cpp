@@ -291,6 +291,7 @@ int CQKWeatherDataAdmin::GetWeather(CString sql, CQKWeather& weather) {
   CADORecordset rs;
   if (!weather.ExecSql(sql, &rs, nullptr) || rs.IsEOF()) return 0;
   CLxArray<CQKWeather> candidates;
+  candidates.SetSize(0, static_cast<int>(rs.GetRecordCount()));  // one allocation for every row
   for (; !rs.IsEOF(); rs.MoveNext()) {
     CQKWeather row(0);
     row.MakeObjectFromRS(rs);

@@ -1,6 +1,7 @@
 #include "tablekit/AccessDialect.h"
 
 #include <cwctype>
+#include <deque>
 #include <string_view>
 #include <vector>
 
@@ -14,8 +15,14 @@ enum class Kind { Space, Word, Number, Literal, Identifier, Punct };
 
 struct Token {
   Kind kind;
-  std::wstring text;  // as it will be written out
+  // As it will be written out: a view into the statement, into a constant, or into the texts the
+  // translation made (Made), so that a token costs no allocation of its own.
+  std::wstring_view text;
 };
+
+// The texts the translation makes (requoted texts and names, lower-cased names), kept in place for
+// the tokens that view them.
+using Made = std::deque<std::wstring>;
 
 bool IsWordStart(wchar_t c) { return c == L'_' || (c < 0x80 ? std::iswalpha(c) != 0 : true); }
 bool IsWordChar(wchar_t c) { return IsWordStart(c) || (c >= L'0' && c <= L'9'); }
@@ -44,13 +51,13 @@ bool IsComparison(const Token& t) {
 // Reads the run from sql[i] (its opening character) to the next close, and appends it as a token
 // wrapped in quote, with quote doubled inside. Advances i past the run.
 bool Requote(std::wstring_view sql, std::size_t& i, wchar_t close, wchar_t quote, Kind kind,
-             std::vector<Token>& tokens, std::string& error) {
+             std::vector<Token>& tokens, Made& made, std::string& error) {
   std::size_t end = sql.find(close, i + 1);
   if (end == std::wstring_view::npos) {
     error = kind == Kind::Literal ? "unterminated double-quoted text" : "unterminated bracketed name";
     return false;
   }
-  std::wstring text(1, quote);
+  std::wstring& text = made.emplace_back(1, quote);
   for (wchar_t ch : sql.substr(i + 1, end - i - 1)) {
     if (ch == quote) text.push_back(quote);
     text.push_back(ch);
@@ -62,7 +69,7 @@ bool Requote(std::wstring_view sql, std::size_t& i, wchar_t close, wchar_t quote
 }
 
 // Splits the statement into tokens, converting Access texts and names on the way.
-bool Tokenize(std::wstring_view sql, std::vector<Token>& tokens, std::string& error) {
+bool Tokenize(std::wstring_view sql, std::vector<Token>& tokens, Made& made, std::string& error) {
   tokens.reserve(sql.size() / 3);
   std::size_t i = 0;
   while (i < sql.size()) {
@@ -73,7 +80,7 @@ bool Tokenize(std::wstring_view sql, std::vector<Token>& tokens, std::string& er
       tokens.push_back({Kind::Space, L" "});
       i = j;
     } else if (c == L'"') {  // Access text: becomes a standard string literal
-      if (!Requote(sql, i, L'"', L'\'', Kind::Literal, tokens, error)) return false;
+      if (!Requote(sql, i, L'"', L'\'', Kind::Literal, tokens, made, error)) return false;
     } else if (c == L'\'') {
       std::size_t j = i + 1;
       for (;;) {
@@ -88,10 +95,10 @@ bool Tokenize(std::wstring_view sql, std::vector<Token>& tokens, std::string& er
         }
         break;
       }
-      tokens.push_back({Kind::Literal, std::wstring(sql.substr(i, j + 1 - i))});
+      tokens.push_back({Kind::Literal, sql.substr(i, j + 1 - i)});
       i = j + 1;
     } else if (c == L'[') {  // Access name: becomes a standard quoted identifier
-      if (!Requote(sql, i, L']', L'"', Kind::Identifier, tokens, error)) return false;
+      if (!Requote(sql, i, L']', L'"', Kind::Identifier, tokens, made, error)) return false;
     } else if (c == L';') {
       for (std::size_t j = i + 1; j < sql.size(); ++j) {
         if (!IsBlank(sql[j]) && sql[j] != L';') {
@@ -103,12 +110,12 @@ bool Tokenize(std::wstring_view sql, std::vector<Token>& tokens, std::string& er
     } else if (c >= L'0' && c <= L'9') {
       std::size_t j = i;
       while (j < sql.size() && (IsWordChar(sql[j]) || sql[j] == L'.')) ++j;
-      tokens.push_back({Kind::Number, std::wstring(sql.substr(i, j - i))});
+      tokens.push_back({Kind::Number, sql.substr(i, j - i)});
       i = j;
     } else if (IsWordStart(c)) {
       std::size_t j = i;
       while (j < sql.size() && IsWordChar(sql[j])) ++j;
-      tokens.push_back({Kind::Word, std::wstring(sql.substr(i, j - i))});
+      tokens.push_back({Kind::Word, sql.substr(i, j - i)});
       i = j;
     } else {
       std::wstring_view two = sql.substr(i, 2);
@@ -119,7 +126,7 @@ bool Tokenize(std::wstring_view sql, std::vector<Token>& tokens, std::string& er
         return false;
       }
       std::size_t n = (two == L"<>" || two == L"<=" || two == L">=" || two == L"!=" || two == L"||") ? 2 : 1;
-      tokens.push_back({Kind::Punct, std::wstring(sql.substr(i, n))});
+      tokens.push_back({Kind::Punct, sql.substr(i, n)});
       i += n;
     }
   }
@@ -146,7 +153,7 @@ bool TakeTop(std::vector<Token>& t, std::wstring& limit, std::string& error) {
   if (i < t.size() && (IsWord(t[i], L"distinct") || IsWord(t[i], L"all"))) i = SkipBlanks(t, i + 1);
   if (i >= t.size() || !IsWord(t[i], L"top")) return true;
   std::size_t n = SkipBlanks(t, i + 1);
-  if (n >= t.size() || t[n].kind != Kind::Number || t[n].text.find_first_not_of(L"0123456789") != std::wstring::npos) {
+  if (n >= t.size() || t[n].kind != Kind::Number || t[n].text.find_first_not_of(L"0123456789") != std::wstring_view::npos) {
     error = "\"top\" needs a whole number";
     return false;
   }
@@ -155,7 +162,7 @@ bool TakeTop(std::vector<Token>& t, std::wstring& limit, std::string& error) {
     error = "\"top N percent\" is not supported";
     return false;
   }
-  limit = t[n].text;
+  limit = std::wstring(t[n].text);
   std::size_t last = n + 1 < t.size() && t[n + 1].kind == Kind::Space ? n + 2 : n + 1;  // with its blank
   t.erase(t.begin() + static_cast<std::ptrdiff_t>(i), t.begin() + static_cast<std::ptrdiff_t>(last));
   return true;
@@ -234,7 +241,7 @@ bool NextToComparison(const std::vector<Token>& t, std::size_t i) {
 // that fits 64 bits, or a quoted text. False for anything else (decimals stay in the text).
 bool BindableValue(const Token& t, FieldValue& value) {
   if (t.kind == Kind::Number) {
-    if (t.text.size() > 18 || t.text.find_first_not_of(L"0123456789") != std::wstring::npos) return false;
+    if (t.text.size() > 18 || t.text.find_first_not_of(L"0123456789") != std::wstring_view::npos) return false;
     long long n = 0;
     for (wchar_t c : t.text) n = n * 10 + (c - L'0');
     value = FieldValue::Int(n);
@@ -281,12 +288,13 @@ void TakeConditionLiterals(std::vector<Token>& t, std::vector<FieldValue>& value
 }
 
 // Tokenizes and applies the rewrites every dialect shares; limit receives the N of "top N".
-bool TranslateTokens(const wchar_t* accessSql, std::vector<Token>& tokens, std::wstring& limit, std::string& error) {
+bool TranslateTokens(const wchar_t* accessSql, std::vector<Token>& tokens, Made& made, std::wstring& limit,
+                     std::string& error) {
   if (accessSql == nullptr) {
     error = "no statement";
     return false;
   }
-  if (!Tokenize(accessSql, tokens, error)) return false;
+  if (!Tokenize(accessSql, tokens, made, error)) return false;
   if (SkipBlanks(tokens, 0) >= tokens.size()) {
     error = "empty statement";
     return false;
@@ -308,14 +316,17 @@ std::string Join(const std::vector<Token>& tokens, const std::wstring& limit) {
 
 bool TranslateAccessSql(const wchar_t* accessSql, std::string& out, std::string& error, SqlDialect dialect) {
   std::vector<Token> tokens;
+  Made made;
   std::wstring limit;
-  if (!TranslateTokens(accessSql, tokens, limit, error)) return false;
+  if (!TranslateTokens(accessSql, tokens, made, limit, error)) return false;
   if (dialect == SqlDialect::PostgreSQL) {
     for (Token& t : tokens) {
       if (t.kind != Kind::Identifier) continue;
-      for (wchar_t& c : t.text) {
+      std::wstring& lower = made.emplace_back(t.text);
+      for (wchar_t& c : lower) {
         if (c >= L'A' && c <= L'Z') c = static_cast<wchar_t>(c - L'A' + L'a');
       }
+      t.text = lower;
     }
   }
   out = Join(tokens, limit);
@@ -324,8 +335,9 @@ bool TranslateAccessSql(const wchar_t* accessSql, std::string& out, std::string&
 
 bool TranslateAccessSqlBound(const wchar_t* accessSql, BoundSql& out, std::string& error) {
   std::vector<Token> tokens;
+  Made made;
   std::wstring limit;
-  if (!TranslateTokens(accessSql, tokens, limit, error)) return false;
+  if (!TranslateTokens(accessSql, tokens, made, limit, error)) return false;
   out.values.clear();
   TakeConditionLiterals(tokens, out.values);
   out.text = Join(tokens, limit);

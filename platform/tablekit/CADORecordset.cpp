@@ -1,5 +1,6 @@
 #include "tablekit/CADORecordset.h"
 
+#include <array>
 #include <cstdint>
 #include <limits>
 #include <vector>
@@ -55,6 +56,14 @@ struct CADORecordset::State {
   // record reads its row by names, one lookup per item, so this is on every row's path; a result of
   // 77 columns read item by item would otherwise compare 77 × 77 / 2 keys per row.
   std::vector<int> slots;
+  // The columns last found, by the address of the name asked for: a record asks with its string
+  // constants, the same addresses row after row. A remembered column is taken only when its name
+  // still equals the name asked for; it is then the first of that name, as the one first found was.
+  struct Remembered {
+    const wchar_t* name = nullptr;
+    int index = -1;
+  };
+  mutable std::array<Remembered, 64> remembered{};
 
   void IndexColumns() {
     columnKeys.clear();
@@ -62,6 +71,7 @@ struct CADORecordset::State {
     std::size_t size = 4;
     while (size < 2 * columnKeys.size()) size *= 2;
     slots.assign(size, -1);
+    remembered.fill(Remembered());
     // In column order, so that of two columns with one name the first sits earlier on the probe path.
     for (std::size_t i = 0; i < columnKeys.size(); ++i) {
       std::size_t slot = columnKeys[i] & (size - 1);
@@ -73,6 +83,15 @@ struct CADORecordset::State {
   // The first column of that name, ignoring ASCII case; -1 for none.
   int Column(const wchar_t* name) const {
     if (name == nullptr || slots.empty()) return -1;
+    Remembered& r = remembered[(reinterpret_cast<std::uintptr_t>(name) / sizeof(wchar_t)) % remembered.size()];
+    if (r.name == name && SameName(result.columns[static_cast<std::size_t>(r.index)], name)) return r.index;
+    const int found = Search(name);
+    if (found >= 0) r = {name, found};
+    return found;
+  }
+
+  // Column by the hash table.
+  int Search(const wchar_t* name) const {
     const std::uint32_t key = ColumnKey(name);
     const std::size_t mask = slots.size() - 1;
     for (std::size_t slot = key & mask; slots[slot] >= 0; slot = (slot + 1) & mask) {

@@ -93,9 +93,11 @@ bool RunToEnd(sqlite3* db, sqlite3_stmt* st, std::string& error) {
   return rc == SQLITE_DONE || Fail(db, error);
 }
 
-// Collects every row of st, then names its columns: after stepping, because a statement that SQLite
-// prepared again for a schema another connection changed may have other columns than before.
-bool ReadRows(sqlite3* db, sqlite3_stmt* st, ResultSet& result, std::string& error) {
+// Collects every row of the kept statement, then gives the names of its columns: after stepping,
+// because a statement that SQLite prepared again for a schema another connection changed may have
+// other columns than before. The names are read from SQLite only then, and kept with the statement.
+bool ReadRows(sqlite3* db, StatementCache::Kept& kept, ResultSet& result, std::string& error) {
+  sqlite3_stmt* st = kept.statement;
   result = ResultSet();
   int n = -1;
   int rc;
@@ -107,17 +109,24 @@ bool ReadRows(sqlite3* db, sqlite3_stmt* st, ResultSet& result, std::string& err
     result.rows.push_back(std::move(row));
   }
   if (rc != SQLITE_DONE) return Fail(db, error);
-  const int columns = sqlite3_column_count(st);
-  for (int i = 0; i < columns; ++i) {
-    const char* name = sqlite3_column_name(st, i);
-    result.columns.push_back(CString::FromUtf8(name ? name : ""));
-    const char* table = sqlite3_column_table_name(st, i);
-    if (i == 0) {
-      result.table = table ? table : "";
-    } else if (!table || result.table != table) {
-      result.table.clear();
+  const int preparation = sqlite3_stmt_status(st, SQLITE_STMTSTATUS_REPREPARE, 0);
+  if (kept.preparation != preparation) {
+    kept.columns.clear();
+    kept.table.clear();
+    for (int i = 0; i < sqlite3_column_count(st); ++i) {
+      const char* name = sqlite3_column_name(st, i);
+      kept.columns.push_back(CString::FromUtf8(name ? name : ""));
+      const char* table = sqlite3_column_table_name(st, i);
+      if (i == 0) {
+        kept.table = table ? table : "";
+      } else if (!table || kept.table != table) {
+        kept.table.clear();
+      }
     }
+    kept.preparation = preparation;
   }
+  result.columns = kept.columns;
+  result.table = kept.table;
   return true;
 }
 
@@ -178,12 +187,11 @@ SqliteConnection::~SqliteConnection() {
 
 int SqliteConnection::GetConnectType() const { return CADODatabase::connectTypeSQLite; }
 
-sqlite3_stmt* SqliteConnection::Prepared(const std::string& sql, std::string& error) {
-  if (sqlite3_stmt* kept = m_statements.Find(sql)) return kept;
+StatementCache::Kept* SqliteConnection::Prepared(const std::string& sql, std::string& error) {
+  if (StatementCache::Kept* kept = m_statements.Find(sql)) return kept;
   Statement fresh;
   if (!Prepare(m_db, sql, fresh, error)) return nullptr;
-  m_statements.Keep(sql, fresh.stmt);
-  return std::exchange(fresh.stmt, nullptr);
+  return &m_statements.Keep(sql, std::exchange(fresh.stmt, nullptr));
 }
 
 bool SqliteConnection::Query(const std::string& sql, ResultSet& result, std::string& error) {
@@ -193,11 +201,12 @@ bool SqliteConnection::Query(const std::string& sql, ResultSet& result, std::str
 bool SqliteConnection::QueryBound(const std::string& sql, const std::vector<FieldValue>& values, ResultSet& result,
                                   std::string& error) {
   JoinReadScope();
-  sqlite3_stmt* st = Prepared(sql, error);
-  if (st == nullptr) return false;
+  StatementCache::Kept* kept = Prepared(sql, error);
+  if (kept == nullptr) return false;
+  sqlite3_stmt* st = kept->statement;
   bool ok = true;
   for (std::size_t i = 0; ok && i < values.size(); ++i) ok = Bind(m_db, st, static_cast<int>(i) + 1, values[i], error);
-  ok = ok && ReadRows(m_db, st, result, error);
+  ok = ok && ReadRows(m_db, *kept, result, error);
   sqlite3_reset(st);  // lets go of the statement's hold on the database at once
   if (!ok) m_statements.Drop(sql);
   return ok;
@@ -247,8 +256,9 @@ bool SqliteConnection::InsertRow(const std::string& table, const ColumnValues& v
     sql += " (" + names + ") VALUES (" + marks + ")";
   }
   LeaveReadScope();
-  sqlite3_stmt* st = Prepared(sql, error);
-  if (st == nullptr) return false;
+  StatementCache::Kept* kept = Prepared(sql, error);
+  if (kept == nullptr) return false;
+  sqlite3_stmt* st = kept->statement;
   bool ok = true;
   for (std::size_t i = 0; ok && i < values.size(); ++i) ok = Bind(m_db, st, static_cast<int>(i) + 1, values[i].second, error);
   ok = ok && RunToEnd(m_db, st, error);
@@ -265,8 +275,9 @@ bool SqliteConnection::UpdateRow(const std::string& table, const std::string& ke
   for (const auto& [name, value] : values) sets += (sets.empty() ? "" : ", ") + QuoteIdentifier(name) + " = ?";
   std::string sql = "UPDATE " + QuoteIdentifier(table) + " SET " + sets + " WHERE " + QuoteIdentifier(keyColumn) + " = ?";
   LeaveReadScope();
-  sqlite3_stmt* st = Prepared(sql, error);
-  if (st == nullptr) return false;
+  StatementCache::Kept* kept = Prepared(sql, error);
+  if (kept == nullptr) return false;
+  sqlite3_stmt* st = kept->statement;
   bool ok = true;
   int index = 1;
   for (auto it = values.begin(); ok && it != values.end(); ++it) ok = Bind(m_db, st, index++, it->second, error);

@@ -53,7 +53,7 @@ class SqliteConnection : public CADOConnection {
   // SQLite's busy handler: true (try again) every kBusyPollUs until kBusyTimeoutMs have passed.
   static int WaitWhileBusy(void* self, int tries);
   // The kept statement for sql, prepared now if it is not kept yet; null with the reason in error.
-  sqlite3_stmt* Prepared(const std::string& sql, std::string& error);
+  StatementCache::Kept* Prepared(const std::string& sql, std::string& error);
   // Begins the read transaction of a live ReadScope, when the connection is in no transaction.
   void JoinReadScope();
   // Ends this connection's read transaction before a write, so that the write is not inside it.

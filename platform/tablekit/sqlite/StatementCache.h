@@ -15,8 +15,10 @@
 #include <string_view>
 #include <unordered_map>
 #include <utility>
+#include <vector>
 
 #include "QKExport.h"
+#include "mfc/CString.h"
 
 struct sqlite3_stmt;
 
@@ -30,17 +32,26 @@ class QK_EXPORT StatementCache {
   StatementCache(const StatementCache&) = delete;
   StatementCache& operator=(const StatementCache&) = delete;
 
+  // A kept statement, with what its connection last read of its columns: the connection names them
+  // once, and again only after SQLite prepared the statement anew.
+  struct Kept {
+    sqlite3_stmt* statement = nullptr;
+    std::vector<CString> columns;
+    std::string table;
+    int preparation = -1;  // SQLITE_STMTSTATUS_REPREPARE when the columns were read; -1: never
+  };
+
   // The statement kept for sql, now the most recently used; null if none.
-  sqlite3_stmt* Find(const std::string& sql);
+  Kept* Find(const std::string& sql);
   // Keeps statement (owned from now on) for sql, which must not be kept already.
-  void Keep(const std::string& sql, sqlite3_stmt* statement);
+  Kept& Keep(const std::string& sql, sqlite3_stmt* statement);
   // Finalises the statement kept for sql, if there is one.
   void Drop(const std::string& sql);
   void Clear();
   std::size_t Size() const { return m_order.size(); }
 
  private:
-  using Entry = std::pair<std::string, sqlite3_stmt*>;
+  using Entry = std::pair<std::string, Kept>;
   std::size_t m_capacity;
   std::list<Entry> m_order;  // most recently used first
   // Keyed by a view of the text held in the entry, which a list node keeps in place.
