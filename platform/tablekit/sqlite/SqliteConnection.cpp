@@ -223,7 +223,7 @@ bool SqliteConnection::Execute(const std::string& sql, std::string& error) {
 void SqliteConnection::JoinReadScope() {
   if (m_inReadScope || !ReadScope::Active() || !sqlite3_get_autocommit(m_db)) return;
   // Deferred: the first read takes the shared lock. If BEGIN fails the queries run on their own.
-  if (sqlite3_exec(m_db, "BEGIN", nullptr, nullptr, nullptr) != SQLITE_OK) return;
+  if (!RunKept("BEGIN")) return;
   m_inReadScope = true;
   ReadScope::Joined(this);
 }
@@ -232,8 +232,16 @@ void SqliteConnection::EndReadScope() {
   if (!m_inReadScope) return;
   m_inReadScope = false;
   // Only reads ran inside (a write ends the transaction first), so ending it loses nothing.
-  if (sqlite3_exec(m_db, "COMMIT", nullptr, nullptr, nullptr) != SQLITE_OK)
-    sqlite3_exec(m_db, "ROLLBACK", nullptr, nullptr, nullptr);
+  if (!RunKept("COMMIT")) RunKept("ROLLBACK");
+}
+
+bool SqliteConnection::RunKept(const std::string& sql) {
+  std::string error;
+  StatementCache::Kept* kept = Prepared(sql, error);
+  if (kept == nullptr) return false;
+  const bool ok = RunToEnd(m_db, kept->statement, error);
+  sqlite3_reset(kept->statement);
+  return ok;
 }
 
 void SqliteConnection::LeaveReadScope() {

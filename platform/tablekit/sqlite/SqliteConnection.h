@@ -54,6 +54,9 @@ class SqliteConnection : public CADOConnection {
   static int WaitWhileBusy(void* self, int tries);
   // The kept statement for sql, prepared now if it is not kept yet; null with the reason in error.
   StatementCache::Kept* Prepared(const std::string& sql, std::string& error);
+  // Runs a statement without rows or values through the kept statements (BEGIN and COMMIT of the
+  // read transactions, which a call may make many times); true on success.
+  bool RunKept(const std::string& sql);
   // Begins the read transaction of a live ReadScope, when the connection is in no transaction.
   void JoinReadScope();
   // Ends this connection's read transaction before a write, so that the write is not inside it.
