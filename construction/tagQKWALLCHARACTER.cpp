@@ -1,10 +1,15 @@
 #include "construction/tagQKWALLCHARACTER.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <numbers>
 #include <utility>
 #include <vector>
+
+#if defined(__SSE2__) || defined(_M_X64) || defined(_M_AMD64)
+#include <emmintrin.h>
+#endif
 
 #include "foundation/QKNumeric.h"
 
@@ -28,6 +33,9 @@ struct Entry {
   double capacity = 0.0;  // C·δ, W·h/(m²·K); 0 for a mass-less entry
   double rc = 0.0;        // R·C·δ, h
   double sqrtRc = 0.0;    // √(R·C·δ)
+  // The factors of the derivatives by s, made once here rather than at every Newton step.
+  double halfRc = 0.0;   // h = R·C·δ/2, h
+  double halfRcR = 0.0;  // h·R
   bool massive = false;
 };
 
@@ -43,6 +51,8 @@ Entry MakeEntry(const tagQKTIMBERINGCHARACTER& layer) {
   e.capacity = volumetric * layer.Thick;
   e.rc = e.r * e.capacity;
   e.sqrtRc = std::sqrt(e.rc);
+  e.halfRc = e.rc / 2.0;
+  e.halfRcR = e.halfRc * e.r;
   e.massive = true;
   return e;
 }
@@ -98,47 +108,211 @@ class Entries {
   int m_count = 0;
 };
 
-// The chained transmission matrix [[A, B], [C, D]] of the wall at a real Laplace variable s ≤ 0,
-// with its derivative by s.
-struct Chain {
-  double a = 1.0, b = 0.0, c = 0.0, d = 1.0;
-  double da = 0.0, db = 0.0, dc = 0.0, dd = 0.0;
+// Two numbers that take every operation side by side, one lane each: the values of two searches
+// advanced together. Each lane gets exactly the IEEE operation a double would, in the same order, so
+// a search comes to the same bits alone or in a pair; the two lanes share one vector instruction
+// where the target has SSE2, and are at least independent work the processor overlaps elsewhere.
+#if defined(__SSE2__) || defined(_M_X64) || defined(_M_AMD64)
+class Pair {
+ public:
+  Pair() = default;  // uninitialised, as a double
+  Pair(double both) : m_lanes(_mm_set1_pd(both)) {}  // NOLINT: a constant goes into both lanes
+  Pair(double first, double second) : m_lanes(_mm_setr_pd(first, second)) {}
+
+  double First() const { return _mm_cvtsd_f64(m_lanes); }
+  double Second() const { return _mm_cvtsd_f64(_mm_unpackhi_pd(m_lanes, m_lanes)); }
+
+  friend Pair operator+(const Pair& x, const Pair& y) { return Pair(_mm_add_pd(x.m_lanes, y.m_lanes)); }
+  friend Pair operator-(const Pair& x, const Pair& y) { return Pair(_mm_sub_pd(x.m_lanes, y.m_lanes)); }
+  friend Pair operator*(const Pair& x, const Pair& y) { return Pair(_mm_mul_pd(x.m_lanes, y.m_lanes)); }
+  friend Pair operator/(const Pair& x, const Pair& y) { return Pair(_mm_div_pd(x.m_lanes, y.m_lanes)); }
+  friend Pair operator-(const Pair& x) { return Pair(_mm_xor_pd(x.m_lanes, _mm_set1_pd(-0.0))); }
+
+ private:
+  explicit Pair(__m128d lanes) : m_lanes(lanes) {}
+  __m128d m_lanes;
+};
+#else
+class Pair {
+ public:
+  Pair() = default;  // uninitialised, as a double
+  Pair(double both) : m_lanes{both, both} {}  // NOLINT: a constant goes into both lanes
+  Pair(double first, double second) : m_lanes{first, second} {}
+
+  double First() const { return m_lanes[0]; }
+  double Second() const { return m_lanes[1]; }
+
+  friend Pair operator+(const Pair& x, const Pair& y) { return {x.First() + y.First(), x.Second() + y.Second()}; }
+  friend Pair operator-(const Pair& x, const Pair& y) { return {x.First() - y.First(), x.Second() - y.Second()}; }
+  friend Pair operator*(const Pair& x, const Pair& y) { return {x.First() * y.First(), x.Second() * y.Second()}; }
+  friend Pair operator/(const Pair& x, const Pair& y) { return {x.First() / y.First(), x.Second() / y.Second()}; }
+  friend Pair operator-(const Pair& x) { return {-x.First(), -x.Second()}; }
+
+ private:
+  double m_lanes[2];
+};
+#endif
+
+// Sine and cosine of each lane; one sincos each, as for a double.
+void SinCos(double x, double& sine, double& cosine) {
+  sine = std::sin(x);
+  cosine = std::cos(x);
+}
+void SinCos(const Pair& x, Pair& sine, Pair& cosine) {
+  double sine1, cosine1, sine2, cosine2;
+  SinCos(x.First(), sine1, cosine1);
+  SinCos(x.Second(), sine2, cosine2);
+  sine = Pair(sine1, sine2);
+  cosine = Pair(cosine1, cosine2);
+}
+
+// The transmission matrix [[A, B], [C, A]] of one entry at a real Laplace variable s ≤ 0, with its
+// derivative by s (a layer has A = D). T is double for one point, Pair for two.
+template <class T>
+struct EntryMatrix {
+  T a, b, c;
+  T da, db, dc;
 };
 
-Chain ChainAt(const Entries& entries, double s) {
-  Chain p;
-  for (const Entry& e : entries) {
-    double a = 1.0, b = e.r, c = 0.0, da = 0.0, db = 0.0, dc = 0.0;
-    if (e.massive) {
-      const double h = e.rc / 2.0;
-      if (std::fabs(s) <= kMassless) {
-        da = h;
-        db = h * e.r / 3.0;
-        dc = e.capacity;
+// A mass-less entry: [[1, R], [0, 1]], the same at every s.
+template <class T>
+EntryMatrix<T> MasslessMatrix(const Entry& e) {
+  return {1.0, e.r, 0.0, 0.0, 0.0, 0.0};
+}
+
+// θ = √(−s)·√(RCδ) of a massive entry, with its sine and cosine.
+template <class T>
+struct Angle {
+  Angle() = default;
+  Angle(const Entry& e, const T& rootMinusS) : theta(rootMinusS * e.sqrtRc) { SinCos(theta, sine, cosine); }
+  T theta, sine, cosine;
+};
+
+// A massive entry away from s = 0: with h = RCδ/2, A = cos θ, B = R·sin θ/θ, C = −θ·sin θ/R,
+// A' = h·sin θ/θ, B' = h·R·(sin θ/θ − cos θ)/θ², C' = Cδ·(cos θ + sin θ/θ)/2.
+template <class T>
+EntryMatrix<T> MassiveMatrix(const Entry& e, const Angle<T>& angle) {
+  const T& theta = angle.theta;
+  const T& sine = angle.sine;
+  const T& cosine = angle.cosine;
+  const T sinc = sine / theta;
+  EntryMatrix<T> m;
+  m.a = cosine;
+  m.b = e.r * sinc;
+  m.c = -theta * sine / e.r;
+  m.da = e.halfRc * sinc;
+  m.db = e.halfRcR * (sinc - cosine) / (theta * theta);
+  m.dc = e.capacity * (cosine + sinc) / 2.0;
+  return m;
+}
+
+// A point s of the search, with what every entry's matrix takes from it: √(−s), once per point.
+struct Point {
+  explicit Point(double s) : atZero(std::fabs(s) <= kMassless), rootMinusS(atZero ? 0.0 : std::sqrt(-s)) {}
+  bool atZero;  // |s| ≤ 1e-9: the limits of the matrix at s = 0 apply
+  double rootMinusS;
+};
+
+// A massive entry at s = 0, where its matrix takes its limits.
+EntryMatrix<double> MassiveMatrixAtZero(const Entry& e) {
+  return {1.0, e.r, 0.0, e.halfRc, e.halfRcR / 3.0, e.capacity};
+}
+
+EntryMatrix<double> MatrixAt(const Entry& e, const Point& point) {
+  if (!e.massive) return MasslessMatrix<double>(e);
+  if (point.atZero) return MassiveMatrixAtZero(e);
+  return MassiveMatrix(e, Angle<double>(e, point.rootMinusS));
+}
+
+// The first row [A, B] of the chained matrix P, with its derivative: all that a Newton step on B
+// needs. P ← P·M for each entry, and P' ← P'·M + P·M' by the product rule; the first row of the
+// product depends on the first row of P alone.
+template <class T>
+struct FirstRow {
+  T a = 1.0, b = 0.0;
+  T da = 0.0, db = 0.0;
+
+  void MultiplyRight(const EntryMatrix<T>& m) {
+    const FirstRow q = *this;
+    a = q.a * m.a + q.b * m.c;
+    b = q.a * m.b + q.b * m.a;
+    da = q.da * m.a + q.db * m.c + q.a * m.da + q.b * m.dc;
+    db = q.da * m.b + q.db * m.a + q.a * m.db + q.b * m.da;
+  }
+};
+
+// The first row away from s = 0. The angles of a block of entries are taken before their
+// matrices: their sine and cosine calls, the long part of a step and independent of one another,
+// then follow each other and overlap instead of each waiting behind the entry before. meanwhile()
+// runs right after the first block's calls, for the work of the step that does not need them (the
+// deflation), which the processor then does while the calls are under way.
+template <class T, class Meanwhile>
+FirstRow<T> FirstRowAwayFromZero(const Entries& entries, const T& rootMinusS, Meanwhile meanwhile) {
+  constexpr int kBlock = 8;
+  FirstRow<T> p;
+  for (int begin = 0; begin < entries.size(); begin += kBlock) {
+    const int end = std::min(begin + kBlock, entries.size());
+    Angle<T> angles[kBlock];
+    for (int i = begin; i < end; ++i) {
+      if (entries[i].massive) angles[i - begin] = Angle<T>(entries[i], rootMinusS);
+    }
+    if (begin == 0) meanwhile();
+    for (int i = begin; i < end; ++i) {
+      // Two calls, so that the mass-less one is compiled with its constant 1s and 0s.
+      const Entry& e = entries[i];
+      if (e.massive) {
+        p.MultiplyRight(MassiveMatrix(e, angles[i - begin]));
       } else {
-        const double theta = std::sqrt(-s) * e.sqrtRc;
-        const double sinc = std::sin(theta) / theta;
-        const double cosine = std::cos(theta);
-        a = cosine;
-        b = e.r * sinc;
-        c = -theta * std::sin(theta) / e.r;
-        da = h * sinc;
-        db = h * e.r * (sinc - cosine) / (theta * theta);
-        dc = e.capacity * (cosine + sinc) / 2.0;
+        p.MultiplyRight(MasslessMatrix<T>(e));
       }
     }
-    // A = D for every layer. P ← P·M, and P' ← P'·M + P·M' by the product rule.
-    const Chain q = p;
-    p.a = q.a * a + q.b * c;
-    p.b = q.a * b + q.b * a;
-    p.c = q.c * a + q.d * c;
-    p.d = q.c * b + q.d * a;
-    p.da = q.da * a + q.db * c + q.a * da + q.b * dc;
-    p.db = q.da * b + q.db * a + q.a * db + q.b * da;
-    p.dc = q.dc * a + q.dd * c + q.c * da + q.d * dc;
-    p.dd = q.dc * b + q.dd * a + q.c * db + q.d * da;
   }
   return p;
+}
+
+template <class Meanwhile>
+FirstRow<double> FirstRowAt(const Entries& entries, double s, Meanwhile meanwhile) {
+  const Point point(s);
+  if (!point.atZero) return FirstRowAwayFromZero(entries, point.rootMinusS, meanwhile);
+  meanwhile();
+  FirstRow<double> p;
+  for (const Entry& e : entries) p.MultiplyRight(e.massive ? MassiveMatrixAtZero(e) : MasslessMatrix<double>(e));
+  return p;
+}
+
+// The first rows at two points, one per lane. A lane at s = 0 (the first step of each root) takes
+// the limits there, so then each lane is worked out alone.
+template <class Meanwhile>
+FirstRow<Pair> FirstRowsAt(const Entries& entries, const Pair& s, Meanwhile meanwhile) {
+  const Point first(s.First()), second(s.Second());
+  if (first.atZero || second.atZero) {
+    const auto nothing = [] {};
+    const FirstRow<double> p1 = FirstRowAt(entries, s.First(), meanwhile);
+    const FirstRow<double> p2 = FirstRowAt(entries, s.Second(), nothing);
+    return {{p1.a, p2.a}, {p1.b, p2.b}, {p1.da, p2.da}, {p1.db, p2.db}};
+  }
+  return FirstRowAwayFromZero(entries, Pair(first.rootMinusS, second.rootMinusS), meanwhile);
+}
+
+// What a root's residues take from the chained matrix: the derivative B' of the first row and the
+// element D of the second (whose derivative no one needs).
+struct RootChain {
+  double db = 0.0;
+  double d = 1.0;
+};
+
+RootChain ChainAtRoot(const Entries& entries, double s) {
+  const Point point(s);
+  FirstRow<double> first;
+  double c = 0.0, d = 1.0;
+  for (const Entry& e : entries) {
+    const EntryMatrix<double> m = MatrixAt(e, point);
+    first.MultiplyRight(m);
+    const double qc = c;
+    c = qc * m.a + d * m.c;
+    d = qc * m.b + d * m.a;
+  }
+  return {first.db, d};
 }
 
 // One root s = -β of B(s) and what the hourly sums need of it.
@@ -148,49 +322,186 @@ struct Root {
   double oneMinusESquared = 1.0;
   double e23 = 0.0;
   double e24 = 0.0;
-  double y = 0.0;  // through residue -1/(β·B')
-  double x = 0.0;  // inside residue y·D
+  double y = 0.0;      // through residue -1/(β·B')
+  double x = 0.0;      // inside residue y·D
+  double rampY = 0.0;  // y/β
+  double rampX = 0.0;  // x/β
+  // exp(-(j - 1)·β) for the hours j = 2..23 (index j - 2), which both hourly sums use.
+  double decay[kHours - 2];
 };
 
-// Newton's method on the negative real axis, each root from s = 0 with the earlier roots deflated.
-// Stops at maxRoots or when a root's ramp residues y/β and x/β are both below tolerance; then an
-// even number of roots is used. Returns the number of roots used.
-int FindRoots(const Entries& entries, int maxRoots, double tolerance, Root* roots) {
-  std::array<double, kResponseRoots> found{};
-  for (int k = 0; k < maxRoots; ++k) {
-    double s = 0.0;
-    bool converged = false;
-    for (int step = 0; step < kMaxNewtonSteps && !converged; ++step) {
-      const Chain p = ChainAt(entries, s);
-      double deflation = 0.0;
-      for (int m = 0; m < k; ++m) deflation += 1.0 / (s - found[m]);
-      const double delta = p.b / (p.db - p.b * deflation);
-      if (!std::isfinite(delta)) return k - k % 2;
-      s -= delta;
-      if (s > 0.0) s = -s;
-      converged = std::fabs(delta) <= tolerance;
-    }
-    if (!converged) return k - k % 2;
-    found[k] = s;
+Root MakeRoot(const Entries& entries, double s) {
+  const RootChain p = ChainAtRoot(entries, s);
+  Root root;
+  root.beta = -s;
+  root.y = -1.0 / (root.beta * p.db);
+  root.x = root.y * p.d;
+  root.rampY = root.y / root.beta;
+  root.rampX = root.x / root.beta;
+  const double e = std::exp(-root.beta);
+  if (std::fabs(e) > kMassless) {
+    root.oneMinusE = 1.0 - e;
+    root.oneMinusESquared = root.oneMinusE * root.oneMinusE;
+    root.e23 = std::pow(e, 23);
+    root.e24 = root.e23 * e;
+  }
+  return root;
+}
 
-    const Chain p = ChainAt(entries, s);
-    Root& root = roots[k];
-    root.beta = -s;
-    root.y = -1.0 / (root.beta * p.db);
-    root.x = root.y * p.d;
-    const double e = std::exp(-root.beta);
-    if (std::fabs(e) > kMassless) {
-      root.oneMinusE = 1.0 - e;
-      root.oneMinusESquared = root.oneMinusE * root.oneMinusE;
-      root.e23 = std::pow(e, 23);
-      root.e24 = root.e23 * e;
+// Σ 1/(s − s_k) over the roots found, added in their order. The quotients do not depend on one
+// another, so they are taken two at a time, which the compiler makes one vector division; the sum
+// stays a plain sum from left to right.
+// sum is what the roots before found added up to.
+double Deflation(double s, const double* found, int count, double sum = 0.0) {
+  int m = 0;
+  for (; m + 1 < count; m += 2) {
+    const Pair quotient = Pair(1.0) / (Pair(s) - Pair(found[m], found[m + 1]));
+    sum += quotient.First();
+    sum += quotient.Second();
+  }
+  if (m < count) sum += 1.0 / (s - found[m]);
+  return sum;
+}
+
+// Newton's step on B with the earlier roots deflated: B/(B' − B·Σ 1/(s − s_k)).
+template <class T>
+T NewtonStep(const FirstRow<T>& p, const T& deflation) {
+  return p.b / (p.db - p.b * deflation);
+}
+
+// Newton's method on the negative real axis, one step at a time: each root from s = 0, the roots
+// found before deflated. It ends at maxRoots, or at a root whose ramp residues y/β and x/β are both
+// below the tolerance, and then uses an even number of roots; or, with the roots found so far
+// (made even), at a step that is not finite or after kMaxNewtonSteps steps on one root.
+class RootSearch {
+ public:
+  RootSearch(int maxRoots, double tolerance) : m_maxRoots(maxRoots), m_tolerance(tolerance) {}
+
+  bool Done() const { return m_used >= 0; }
+  // The number of roots to use, once Done.
+  int Used() const { return m_used; }
+  const Root* Roots() const { return m_roots.data(); }
+  // Where the next step starts (while on a root, that root).
+  double Point() const { return m_s; }
+  // The roots found so far, as points s.
+  const double* Found() const { return m_found.data(); }
+  int Count() const { return m_count; }
+
+  // Σ 1/(s − s_k) at Point() over the roots found.
+  double DeflationHere() const { return Deflation(m_s, m_found.data(), m_count); }
+
+  // Moves by -delta, mirrored onto the negative axis. Returns true when the step lands on a root,
+  // which Accept must then be given before the next step.
+  bool Take(double delta) {
+    if (!std::isfinite(delta)) {
+      Finish(m_count);
+      return false;
     }
-    if (std::fabs(root.y / root.beta) < tolerance && std::fabs(root.x / root.beta) < tolerance) {
-      const int used = k + 1;
-      return used - used % 2;
+    m_s -= delta;
+    if (m_s > 0.0) m_s = -m_s;
+    ++m_steps;
+    if (std::fabs(delta) <= m_tolerance) return true;
+    if (m_steps == kMaxNewtonSteps) Finish(m_count);
+    return false;
+  }
+
+  // Keeps the root at Point() (made by MakeRoot there) and starts the search for the next one.
+  void Accept(const Root& root) {
+    m_found[m_count] = m_s;
+    m_roots[m_count] = root;
+    ++m_count;
+    m_s = 0.0;
+    m_steps = 0;
+    if (std::fabs(root.rampY) < m_tolerance && std::fabs(root.rampX) < m_tolerance) {
+      Finish(m_count);
+    } else if (m_count == m_maxRoots) {
+      m_used = m_maxRoots;
     }
   }
-  return maxRoots;
+
+ private:
+  void Finish(int count) { m_used = count - count % 2; }
+
+  int m_maxRoots;
+  double m_tolerance;
+  double m_s = 0.0;
+  int m_steps = 0;  // on the present root
+  int m_count = 0;  // roots found
+  int m_used = -1;  // -1 while searching
+  std::array<double, kResponseRoots> m_found{};
+  std::array<Root, kResponseRoots> m_roots;
+};
+
+// The deflations of two searches side by side, each summed in its own order as above.
+Pair Deflations(const Pair& s, const RootSearch& first, const RootSearch& second) {
+  Pair sum(0.0);
+  const int common = std::min(first.Count(), second.Count());
+  for (int m = 0; m < common; ++m) sum = sum + Pair(1.0) / (s - Pair(first.Found()[m], second.Found()[m]));
+  return {Deflation(s.First(), first.Found() + common, first.Count() - common, sum.First()),
+          Deflation(s.Second(), second.Found() + common, second.Count() - common, sum.Second())};
+}
+
+// Newton's step of a search from its point.
+double NewtonStepOf(const Entries& entries, const RootSearch& search) {
+  double deflation = 0.0;
+  const FirstRow<double> p = FirstRowAt(entries, search.Point(), [&] { deflation = search.DeflationHere(); });
+  return NewtonStep(p, deflation);
+}
+
+// Newton's steps of two searches from their points, side by side.
+Pair NewtonStepsOf(const Entries& entries, const RootSearch& first, const RootSearch& second) {
+  const Pair s(first.Point(), second.Point());
+  Pair deflation;
+  const FirstRow<Pair> p = FirstRowsAt(entries, s, [&] { deflation = Deflations(s, first, second); });
+  return NewtonStep(p, deflation);
+}
+
+// One step of a search, and the root it lands on.
+void Advance(const Entries& entries, RootSearch& search, double delta) {
+  if (search.Take(delta)) search.Accept(MakeRoot(entries, search.Point()));
+}
+
+// Runs a search to its end on its own.
+void Complete(const Entries& entries, RootSearch& search) {
+  while (!search.Done()) Advance(entries, search, NewtonStepOf(entries, search));
+}
+
+// The two searches of a recalculation start alike and take the same steps through the same points,
+// differing only in when they call a step small enough to end on a root, until one of them lands on
+// a root that the other, with its tighter tolerance, steps on from. Up to there each point and each
+// root is worked out once for both. Returns when they part or one of them is done.
+void SearchWhileAlike(const Entries& entries, RootSearch& first, RootSearch& second) {
+  while (!first.Done() && !second.Done()) {
+    const double delta = NewtonStepOf(entries, first);
+    const bool firstLanded = first.Take(delta);
+    const bool secondLanded = second.Take(delta);
+    if (firstLanded && secondLanded) {
+      const Root root = MakeRoot(entries, first.Point());
+      first.Accept(root);
+      second.Accept(root);
+    } else if (firstLanded || secondLanded) {
+      RootSearch& landed = firstLanded ? first : second;
+      landed.Accept(MakeRoot(entries, landed.Point()));
+      return;
+    }
+  }
+}
+
+// Both searches to their ends, a step of each in turn, the two steps worked out side by side.
+void CompleteInterleaved(const Entries& entries, RootSearch& first, RootSearch& second) {
+  while (!first.Done() && !second.Done()) {
+    const Pair delta = NewtonStepsOf(entries, first, second);
+    Advance(entries, first, delta.First());
+    Advance(entries, second, delta.Second());
+  }
+  Complete(entries, first);
+  Complete(entries, second);
+}
+
+// The roots of both searches of a recalculation, each as it would have found them alone.
+void CompleteTogether(const Entries& entries, RootSearch& first, RootSearch& second) {
+  SearchWhileAlike(entries, first, second);
+  CompleteInterleaved(entries, first, second);
 }
 
 struct Complex {
@@ -386,25 +697,16 @@ void tagQKWALLCHARACTER::ThickEx(CQKLayerArray& layers, double targetK, double c
 
 // ----- the periodic calculation -----
 
-void tagQKWALLCHARACTER::Recalculate() {
-  nuxi();
-  RESP();
-}
+namespace {
 
-void tagQKWALLCHARACTER::nuxi() {
-  const Entries entries(m_arrTimbering, WHrXs, NHrXs);
-  CrXs = 1.0 / entries.TotalResistance();
-  if (!entries.HasPeriodicData()) return;
-  const double alphaInside = 1.0 / entries[0].r;
-
-  // Response array 1: the inside-surface response from the roots of B(s).
-  std::array<Root, kThermalRoots> roots;
-  const int used = FindRoots(entries, kThermalRoots, kThermalTolerance, roots.data());
+// Response array 1: the inside-surface response, from the roots of nuxi's search.
+void FillInsideResponse(const RootSearch& search, double alphaInside, tagQKWALL& wall) {
+  const Root* roots = search.Roots();
   for (int j = 0; j < kHours; ++j) {
-    double through = j == 0 ? CrXs : 0.0;
+    double through = j == 0 ? wall.CrXs : 0.0;
     double inside = through;
-    for (int k = 0; k < used; ++k) {
-      const Root& r = roots[static_cast<std::size_t>(k)];
+    for (int k = 0; k < search.Used(); ++k) {
+      const Root& r = roots[k];
       const double period = 1.0 - r.e24;
       double weight;
       if (j == 0) {
@@ -417,10 +719,13 @@ void tagQKWALLCHARACTER::nuxi() {
       through += r.y * weight;
       inside += r.x * weight;
     }
-    Response1[j] = (j == 0 ? 1.0 : 0.0) - (inside - through) / alphaInside;
+    wall.Response1[j] = (j == 0 ? 1.0 : 0.0) - (inside - through) / alphaInside;
   }
+}
 
-  // Harmonics of the daily period: the chained complex transmission matrix, inside surface first.
+// Harmonics of the daily period from the chained complex transmission matrix, inside surface first;
+// then the decrement and the delay of the first.
+void FillHarmonics(const Entries& entries, double alphaInside, tagQKWALL& wall) {
   for (int n = 1; n <= kHarmonics; ++n) {
     const double omega = n * kOmegaPerHarmonic;
     Complex p[2][2] = {{{1.0, 0.0}, {0.0, 0.0}}, {{0.0, 0.0}, {1.0, 0.0}}};
@@ -431,9 +736,9 @@ void tagQKWALLCHARACTER::nuxi() {
     }
     const Complex b = p[0][1], x = p[1][1];
     double modulus = 0.0, scaled = 0.0, phase = 0.0;
-    vec(CrXs, b.re, b.im, modulus, scaled, phase);
-    Harmonic1[n - 1] = scaled;
-    Harmonic2[n - 1] = phase;
+    vec(wall.CrXs, b.re, b.im, modulus, scaled, phase);
+    wall.Harmonic1[n - 1] = scaled;
+    wall.Harmonic2[n - 1] = phase;
 
     double m1 = 0.0, phi1 = 0.0, m2 = 0.0, phi2 = 0.0;
     vec(alphaInside, b.re, b.im, modulus, m1, phi1);
@@ -442,26 +747,30 @@ void tagQKWALLCHARACTER::nuxi() {
     const double wRe = 1.0 + std::cos(phi1) / m1 - std::cos(phi2) / m2;
     const double wIm = std::sin(phi1) / m1 - std::sin(phi2) / m2;
     vec(1.0, wRe, wIm, modulus, scaled, phase);
-    Harmonic3[n - 1] = 1.0 / modulus;
-    Harmonic4[n - 1] = phase;
+    wall.Harmonic3[n - 1] = 1.0 / modulus;
+    wall.Harmonic4[n - 1] = phase;
   }
-  CrSj = 1.0 / Harmonic1[0];
-  CrYc = Harmonic2[0] * 12.0 / std::numbers::pi;
+  wall.CrSj = 1.0 / wall.Harmonic1[0];
+  wall.CrYc = wall.Harmonic2[0] * 12.0 / std::numbers::pi;
 }
 
-void tagQKWALLCHARACTER::RESP() {
-  const Entries entries(m_arrTimbering, WHrXs, NHrXs);
-  if (!entries.HasPeriodicData()) return;
-  const double rInside = entries[0].r;
+// What nuxi fills after CrXs, from the roots of its search.
+void FillThermalResults(const Entries& entries, const RootSearch& search, tagQKWALL& wall) {
+  const double alphaInside = 1.0 / entries[0].r;
+  FillInsideResponse(search, alphaInside, wall);
+  FillHarmonics(entries, alphaInside, wall);
+}
 
-  std::array<Root, kResponseRoots> roots;
-  const int used = FindRoots(entries, kResponseRoots, kResponseTolerance, roots.data());
+// Response arrays 2 to 4, from the roots of RESP's search.
+void FillResponseResults(const Entries& entries, const RootSearch& search, tagQKWALL& wall) {
+  const double rInside = entries[0].r;
+  const Root* roots = search.Roots();
   for (int j = 0; j < kHours; ++j) {
     // Ramp sums over y/β and x/β, step sums over y and x.
-    double rampThrough = j == 0 ? CrXs : 0.0, rampInside = rampThrough;
+    double rampThrough = j == 0 ? wall.CrXs : 0.0, rampInside = rampThrough;
     double stepThrough = rampThrough, stepInside = rampThrough;
-    for (int k = 0; k < used; ++k) {
-      const Root& r = roots[static_cast<std::size_t>(k)];
+    for (int k = 0; k < search.Used(); ++k) {
+      const Root& r = roots[k];
       const double period = 1.0 - r.e24;
       double ramp, step;
       if (j == 0) {
@@ -473,14 +782,45 @@ void tagQKWALLCHARACTER::RESP() {
         ramp = -f * r.oneMinusESquared / period;
         step = -f * r.oneMinusE / period;
       }
-      rampThrough += r.y / r.beta * ramp;
-      rampInside += r.x / r.beta * ramp;
+      rampThrough += r.rampY * ramp;
+      rampInside += r.rampX * ramp;
       stepThrough += r.y * step;
       stepInside += r.x * step;
     }
     const double unit = j == 0 ? 1.0 : 0.0;
-    Response2[j] = rampThrough / CrXs;
-    Response3[j] = unit - rInside * (rampInside - rampThrough);
-    Response4[j] = unit - rInside * (stepInside - stepThrough);
+    wall.Response2[j] = rampThrough / wall.CrXs;
+    wall.Response3[j] = unit - rInside * (rampInside - rampThrough);
+    wall.Response4[j] = unit - rInside * (stepInside - stepThrough);
   }
+}
+
+}  // namespace
+
+// nuxi then RESP, with the working list made once and the roots their two searches share found once.
+void tagQKWALLCHARACTER::Recalculate() {
+  const Entries entries(m_arrTimbering, WHrXs, NHrXs);
+  CrXs = 1.0 / entries.TotalResistance();
+  if (!entries.HasPeriodicData()) return;
+  RootSearch thermal(kThermalRoots, kThermalTolerance);
+  RootSearch response(kResponseRoots, kResponseTolerance);
+  CompleteTogether(entries, thermal, response);
+  FillThermalResults(entries, thermal, *this);
+  FillResponseResults(entries, response, *this);
+}
+
+void tagQKWALLCHARACTER::nuxi() {
+  const Entries entries(m_arrTimbering, WHrXs, NHrXs);
+  CrXs = 1.0 / entries.TotalResistance();
+  if (!entries.HasPeriodicData()) return;
+  RootSearch thermal(kThermalRoots, kThermalTolerance);
+  Complete(entries, thermal);
+  FillThermalResults(entries, thermal, *this);
+}
+
+void tagQKWALLCHARACTER::RESP() {
+  const Entries entries(m_arrTimbering, WHrXs, NHrXs);
+  if (!entries.HasPeriodicData()) return;
+  RootSearch response(kResponseRoots, kResponseTolerance);
+  Complete(entries, response);
+  FillResponseResults(entries, response, *this);
 }
