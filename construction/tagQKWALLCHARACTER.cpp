@@ -241,22 +241,58 @@ struct FirstRow {
   }
 };
 
+// The working list as the Newton steps take it, with what does not depend on s worked out once:
+// the first row over the mass-less entries before the first massive one (the inside surface, and
+// any air gap next to it), and the whole first row at s = 0, where every entry takes its limits.
+// The last entry is always the outside surface, which is mass-less.
+class Chain {
+ public:
+  explicit Chain(const Entries& entries) : m_entries(entries) {
+    while (m_firstMassive < entries.size() && !entries[m_firstMassive].massive) {
+      m_prefix.MultiplyRight(MasslessMatrix<double>(entries[m_firstMassive]));
+      ++m_firstMassive;
+    }
+    for (const Entry& e : entries) {
+      m_atZero.MultiplyRight(e.massive ? MassiveMatrixAtZero(e) : MasslessMatrix<double>(e));
+    }
+  }
+
+  const Entries& entries() const { return m_entries; }
+  int FirstMassive() const { return m_firstMassive; }
+  const FirstRow<double>& Prefix() const { return m_prefix; }
+  const FirstRow<double>& AtZero() const { return m_atZero; }
+
+ private:
+  const Entries& m_entries;
+  int m_firstMassive = 0;
+  FirstRow<double> m_prefix;
+  FirstRow<double> m_atZero;
+};
+
 // The first row away from s = 0. The angles of a block of entries are taken before their
 // matrices: their sine and cosine calls, the long part of a step and independent of one another,
 // then follow each other and overlap instead of each waiting behind the entry before. meanwhile()
 // runs right after the first block's calls, for the work of the step that does not need them (the
 // deflation), which the processor then does while the calls are under way.
 template <class T, class Meanwhile>
-FirstRow<T> FirstRowAwayFromZero(const Entries& entries, const T& rootMinusS, Meanwhile meanwhile) {
+FirstRow<T> FirstRowAwayFromZero(const Chain& chain, const T& rootMinusS, Meanwhile meanwhile) {
   constexpr int kBlock = 8;
-  FirstRow<T> p;
-  for (int begin = 0; begin < entries.size(); begin += kBlock) {
-    const int end = std::min(begin + kBlock, entries.size());
+  const Entries& entries = chain.entries();
+  const FirstRow<double>& prefix = chain.Prefix();
+  FirstRow<T> p{prefix.a, prefix.b, prefix.da, prefix.db};
+  const int last = entries.size() - 1;
+  bool meanwhileDone = false;
+  for (int begin = chain.FirstMassive(); begin < last; begin += kBlock) {
+    const int end = std::min(begin + kBlock, last);
     Angle<T> angles[kBlock];
     for (int i = begin; i < end; ++i) {
-      if (entries[i].massive) angles[i - begin] = Angle<T>(entries[i], rootMinusS);
+      if (!entries[i].massive) continue;
+      angles[i - begin] = Angle<T>(entries[i], rootMinusS);
+      if (!meanwhileDone) {
+        meanwhile();
+        meanwhileDone = true;
+      }
     }
-    if (begin == 0) meanwhile();
     for (int i = begin; i < end; ++i) {
       // Two calls, so that the mass-less one is compiled with its constant 1s and 0s.
       const Entry& e = entries[i];
@@ -267,31 +303,31 @@ FirstRow<T> FirstRowAwayFromZero(const Entries& entries, const T& rootMinusS, Me
       }
     }
   }
+  if (!meanwhileDone) meanwhile();
+  p.MultiplyRight(MasslessMatrix<T>(entries[last]));
   return p;
 }
 
 template <class Meanwhile>
-FirstRow<double> FirstRowAt(const Entries& entries, double s, Meanwhile meanwhile) {
+FirstRow<double> FirstRowAt(const Chain& chain, double s, Meanwhile meanwhile) {
   const Point point(s);
-  if (!point.atZero) return FirstRowAwayFromZero(entries, point.rootMinusS, meanwhile);
+  if (!point.atZero) return FirstRowAwayFromZero(chain, point.rootMinusS, meanwhile);
   meanwhile();
-  FirstRow<double> p;
-  for (const Entry& e : entries) p.MultiplyRight(e.massive ? MassiveMatrixAtZero(e) : MasslessMatrix<double>(e));
-  return p;
+  return chain.AtZero();
 }
 
 // The first rows at two points, one per lane. A lane at s = 0 (the first step of each root) takes
 // the limits there, so then each lane is worked out alone.
 template <class Meanwhile>
-FirstRow<Pair> FirstRowsAt(const Entries& entries, const Pair& s, Meanwhile meanwhile) {
+FirstRow<Pair> FirstRowsAt(const Chain& chain, const Pair& s, Meanwhile meanwhile) {
   const Point first(s.First()), second(s.Second());
   if (first.atZero || second.atZero) {
     const auto nothing = [] {};
-    const FirstRow<double> p1 = FirstRowAt(entries, s.First(), meanwhile);
-    const FirstRow<double> p2 = FirstRowAt(entries, s.Second(), nothing);
+    const FirstRow<double> p1 = FirstRowAt(chain, s.First(), meanwhile);
+    const FirstRow<double> p2 = FirstRowAt(chain, s.Second(), nothing);
     return {{p1.a, p2.a}, {p1.b, p2.b}, {p1.da, p2.da}, {p1.db, p2.db}};
   }
-  return FirstRowAwayFromZero(entries, Pair(first.rootMinusS, second.rootMinusS), meanwhile);
+  return FirstRowAwayFromZero(chain, Pair(first.rootMinusS, second.rootMinusS), meanwhile);
 }
 
 // What a root's residues take from the chained matrix: the derivative B' of the first row and the
@@ -326,8 +362,6 @@ struct Root {
   double x = 0.0;      // inside residue y·D
   double rampY = 0.0;  // y/β
   double rampX = 0.0;  // x/β
-  // exp(-(j - 1)·β) for the hours j = 2..23 (index j - 2), which both hourly sums use.
-  double decay[kHours - 2];
 };
 
 Root MakeRoot(const Entries& entries, double s) {
@@ -442,66 +476,72 @@ Pair Deflations(const Pair& s, const RootSearch& first, const RootSearch& second
 }
 
 // Newton's step of a search from its point.
-double NewtonStepOf(const Entries& entries, const RootSearch& search) {
+double NewtonStepOf(const Chain& chain, const RootSearch& search) {
   double deflation = 0.0;
-  const FirstRow<double> p = FirstRowAt(entries, search.Point(), [&] { deflation = search.DeflationHere(); });
+  const FirstRow<double> p = FirstRowAt(chain, search.Point(), [&] { deflation = search.DeflationHere(); });
   return NewtonStep(p, deflation);
 }
 
 // Newton's steps of two searches from their points, side by side.
-Pair NewtonStepsOf(const Entries& entries, const RootSearch& first, const RootSearch& second) {
+Pair NewtonStepsOf(const Chain& chain, const RootSearch& first, const RootSearch& second) {
   const Pair s(first.Point(), second.Point());
   Pair deflation;
-  const FirstRow<Pair> p = FirstRowsAt(entries, s, [&] { deflation = Deflations(s, first, second); });
+  const FirstRow<Pair> p = FirstRowsAt(chain, s, [&] { deflation = Deflations(s, first, second); });
   return NewtonStep(p, deflation);
 }
 
-// One step of a search, and the root it lands on.
-void Advance(const Entries& entries, RootSearch& search, double delta) {
-  if (search.Take(delta)) search.Accept(MakeRoot(entries, search.Point()));
+// One step of a search, and the root it lands on. After a root the search for the next one starts
+// at s = 0, where the chain takes its limits and needs no sines or cosines: that first step is
+// taken here at once, so that a search paired with another comes back away from s = 0.
+void Advance(const Chain& chain, RootSearch& search, double delta) {
+  while (search.Take(delta)) {
+    search.Accept(MakeRoot(chain.entries(), search.Point()));
+    if (search.Done()) return;
+    delta = NewtonStepOf(chain, search);
+  }
 }
 
 // Runs a search to its end on its own.
-void Complete(const Entries& entries, RootSearch& search) {
-  while (!search.Done()) Advance(entries, search, NewtonStepOf(entries, search));
+void Complete(const Chain& chain, RootSearch& search) {
+  while (!search.Done()) Advance(chain, search, NewtonStepOf(chain, search));
 }
 
 // The two searches of a recalculation start alike and take the same steps through the same points,
 // differing only in when they call a step small enough to end on a root, until one of them lands on
 // a root that the other, with its tighter tolerance, steps on from. Up to there each point and each
 // root is worked out once for both. Returns when they part or one of them is done.
-void SearchWhileAlike(const Entries& entries, RootSearch& first, RootSearch& second) {
+void SearchWhileAlike(const Chain& chain, RootSearch& first, RootSearch& second) {
   while (!first.Done() && !second.Done()) {
-    const double delta = NewtonStepOf(entries, first);
+    const double delta = NewtonStepOf(chain, first);
     const bool firstLanded = first.Take(delta);
     const bool secondLanded = second.Take(delta);
     if (firstLanded && secondLanded) {
-      const Root root = MakeRoot(entries, first.Point());
+      const Root root = MakeRoot(chain.entries(), first.Point());
       first.Accept(root);
       second.Accept(root);
     } else if (firstLanded || secondLanded) {
       RootSearch& landed = firstLanded ? first : second;
-      landed.Accept(MakeRoot(entries, landed.Point()));
+      landed.Accept(MakeRoot(chain.entries(), landed.Point()));
       return;
     }
   }
 }
 
 // Both searches to their ends, a step of each in turn, the two steps worked out side by side.
-void CompleteInterleaved(const Entries& entries, RootSearch& first, RootSearch& second) {
+void CompleteInterleaved(const Chain& chain, RootSearch& first, RootSearch& second) {
   while (!first.Done() && !second.Done()) {
-    const Pair delta = NewtonStepsOf(entries, first, second);
-    Advance(entries, first, delta.First());
-    Advance(entries, second, delta.Second());
+    const Pair delta = NewtonStepsOf(chain, first, second);
+    Advance(chain, first, delta.First());
+    Advance(chain, second, delta.Second());
   }
-  Complete(entries, first);
-  Complete(entries, second);
+  Complete(chain, first);
+  Complete(chain, second);
 }
 
 // The roots of both searches of a recalculation, each as it would have found them alone.
-void CompleteTogether(const Entries& entries, RootSearch& first, RootSearch& second) {
-  SearchWhileAlike(entries, first, second);
-  CompleteInterleaved(entries, first, second);
+void CompleteTogether(const Chain& chain, RootSearch& first, RootSearch& second) {
+  SearchWhileAlike(chain, first, second);
+  CompleteInterleaved(chain, first, second);
 }
 
 struct Complex {
@@ -803,7 +843,7 @@ void tagQKWALLCHARACTER::Recalculate() {
   if (!entries.HasPeriodicData()) return;
   RootSearch thermal(kThermalRoots, kThermalTolerance);
   RootSearch response(kResponseRoots, kResponseTolerance);
-  CompleteTogether(entries, thermal, response);
+  CompleteTogether(Chain(entries), thermal, response);
   FillThermalResults(entries, thermal, *this);
   FillResponseResults(entries, response, *this);
 }
@@ -813,7 +853,7 @@ void tagQKWALLCHARACTER::nuxi() {
   CrXs = 1.0 / entries.TotalResistance();
   if (!entries.HasPeriodicData()) return;
   RootSearch thermal(kThermalRoots, kThermalTolerance);
-  Complete(entries, thermal);
+  Complete(Chain(entries), thermal);
   FillThermalResults(entries, thermal, *this);
 }
 
@@ -821,6 +861,6 @@ void tagQKWALLCHARACTER::RESP() {
   const Entries entries(m_arrTimbering, WHrXs, NHrXs);
   if (!entries.HasPeriodicData()) return;
   RootSearch response(kResponseRoots, kResponseTolerance);
-  Complete(entries, response);
+  Complete(Chain(entries), response);
   FillResponseResults(entries, response, *this);
 }
