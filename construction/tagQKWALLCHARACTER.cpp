@@ -218,12 +218,6 @@ EntryMatrix<double> MassiveMatrixAtZero(const Entry& e) {
   return {1.0, e.r, 0.0, e.halfRc, e.halfRcR / 3.0, e.capacity};
 }
 
-EntryMatrix<double> MatrixAt(const Entry& e, const Point& point) {
-  if (!e.massive) return MasslessMatrix<double>(e);
-  if (point.atZero) return MassiveMatrixAtZero(e);
-  return MassiveMatrix(e, Angle<double>(e, point.rootMinusS));
-}
-
 // The first row [A, B] of the chained matrix P, with its derivative: all that a Newton step on B
 // needs. P ← P·M for each entry, and P' ← P'·M + P·M' by the product rule; the first row of the
 // product depends on the first row of P alone.
@@ -241,10 +235,26 @@ struct FirstRow {
   }
 };
 
+// The chained matrix's first row with its derivative, as a Newton step needs it, and its second
+// row without derivative, which only the residues of a root need (worked out along, as it costs
+// little beside the sines and cosines).
+template <class T>
+struct ChainRows {
+  FirstRow<T> first;
+  T c = 0.0, d = 1.0;
+
+  void MultiplyRight(const EntryMatrix<T>& m) {
+    first.MultiplyRight(m);
+    const T qc = c;
+    c = qc * m.a + d * m.c;
+    d = qc * m.b + d * m.a;
+  }
+};
+
 // The working list as the Newton steps take it, with what does not depend on s worked out once:
-// the first row over the mass-less entries before the first massive one (the inside surface, and
-// any air gap next to it), and the whole first row at s = 0, where every entry takes its limits.
-// The last entry is always the outside surface, which is mass-less.
+// the chain over the mass-less entries before the first massive one (the inside surface, and any
+// air gap next to it), and the whole chain at s = 0, where every entry takes its limits. The last
+// entry is always the outside surface, which is mass-less.
 class Chain {
  public:
   explicit Chain(const Entries& entries) : m_entries(entries) {
@@ -252,34 +262,32 @@ class Chain {
       m_prefix.MultiplyRight(MasslessMatrix<double>(entries[m_firstMassive]));
       ++m_firstMassive;
     }
-    for (const Entry& e : entries) {
-      m_atZero.MultiplyRight(e.massive ? MassiveMatrixAtZero(e) : MasslessMatrix<double>(e));
-    }
+    for (const Entry& e : entries) m_atZero.MultiplyRight(e.massive ? MassiveMatrixAtZero(e) : MasslessMatrix<double>(e));
   }
 
   const Entries& entries() const { return m_entries; }
   int FirstMassive() const { return m_firstMassive; }
-  const FirstRow<double>& Prefix() const { return m_prefix; }
-  const FirstRow<double>& AtZero() const { return m_atZero; }
+  const ChainRows<double>& Prefix() const { return m_prefix; }
+  const ChainRows<double>& AtZero() const { return m_atZero; }
 
  private:
   const Entries& m_entries;
   int m_firstMassive = 0;
-  FirstRow<double> m_prefix;
-  FirstRow<double> m_atZero;
+  ChainRows<double> m_prefix;
+  ChainRows<double> m_atZero;
 };
 
-// The first row away from s = 0. The angles of a block of entries are taken before their
-// matrices: their sine and cosine calls, the long part of a step and independent of one another,
-// then follow each other and overlap instead of each waiting behind the entry before. meanwhile()
-// runs right after the first block's calls, for the work of the step that does not need them (the
+// The chain away from s = 0. The angles of a block of entries are taken before their matrices:
+// their sine and cosine calls, the long part of a step and independent of one another, then follow
+// each other and overlap instead of each waiting behind the entry before. meanwhile() runs right
+// after the first of those calls, for the work of the step that does not need them (the
 // deflation), which the processor then does while the calls are under way.
 template <class T, class Meanwhile>
-FirstRow<T> FirstRowAwayFromZero(const Chain& chain, const T& rootMinusS, Meanwhile meanwhile) {
+ChainRows<T> ChainAwayFromZero(const Chain& chain, const T& rootMinusS, Meanwhile meanwhile) {
   constexpr int kBlock = 8;
   const Entries& entries = chain.entries();
-  const FirstRow<double>& prefix = chain.Prefix();
-  FirstRow<T> p{prefix.a, prefix.b, prefix.da, prefix.db};
+  const ChainRows<double>& prefix = chain.Prefix();
+  ChainRows<T> p{{prefix.first.a, prefix.first.b, prefix.first.da, prefix.first.db}, prefix.c, prefix.d};
   const int last = entries.size() - 1;
   bool meanwhileDone = false;
   for (int begin = chain.FirstMassive(); begin < last; begin += kBlock) {
@@ -309,46 +317,27 @@ FirstRow<T> FirstRowAwayFromZero(const Chain& chain, const T& rootMinusS, Meanwh
 }
 
 template <class Meanwhile>
-FirstRow<double> FirstRowAt(const Chain& chain, double s, Meanwhile meanwhile) {
+ChainRows<double> ChainAt(const Chain& chain, double s, Meanwhile meanwhile) {
   const Point point(s);
-  if (!point.atZero) return FirstRowAwayFromZero(chain, point.rootMinusS, meanwhile);
+  if (!point.atZero) return ChainAwayFromZero(chain, point.rootMinusS, meanwhile);
   meanwhile();
   return chain.AtZero();
 }
 
-// The first rows at two points, one per lane. A lane at s = 0 (the first step of each root) takes
-// the limits there, so then each lane is worked out alone.
+// The chain at two points, one per lane. A lane at s = 0 (the first step of each root) takes the
+// limits there, so then each lane is worked out alone.
 template <class Meanwhile>
-FirstRow<Pair> FirstRowsAt(const Chain& chain, const Pair& s, Meanwhile meanwhile) {
+ChainRows<Pair> ChainsAt(const Chain& chain, const Pair& s, Meanwhile meanwhile) {
   const Point first(s.First()), second(s.Second());
   if (first.atZero || second.atZero) {
     const auto nothing = [] {};
-    const FirstRow<double> p1 = FirstRowAt(chain, s.First(), meanwhile);
-    const FirstRow<double> p2 = FirstRowAt(chain, s.Second(), nothing);
-    return {{p1.a, p2.a}, {p1.b, p2.b}, {p1.da, p2.da}, {p1.db, p2.db}};
+    const ChainRows<double> p1 = ChainAt(chain, s.First(), meanwhile);
+    const ChainRows<double> p2 = ChainAt(chain, s.Second(), nothing);
+    return {{{p1.first.a, p2.first.a}, {p1.first.b, p2.first.b}, {p1.first.da, p2.first.da}, {p1.first.db, p2.first.db}},
+            {p1.c, p2.c},
+            {p1.d, p2.d}};
   }
-  return FirstRowAwayFromZero(chain, Pair(first.rootMinusS, second.rootMinusS), meanwhile);
-}
-
-// What a root's residues take from the chained matrix: the derivative B' of the first row and the
-// element D of the second (whose derivative no one needs).
-struct RootChain {
-  double db = 0.0;
-  double d = 1.0;
-};
-
-RootChain ChainAtRoot(const Entries& entries, double s) {
-  const Point point(s);
-  FirstRow<double> first;
-  double c = 0.0, d = 1.0;
-  for (const Entry& e : entries) {
-    const EntryMatrix<double> m = MatrixAt(e, point);
-    first.MultiplyRight(m);
-    const double qc = c;
-    c = qc * m.a + d * m.c;
-    d = qc * m.b + d * m.a;
-  }
-  return {first.db, d};
+  return ChainAwayFromZero(chain, Pair(first.rootMinusS, second.rootMinusS), meanwhile);
 }
 
 // One root s = -β of B(s) and what the hourly sums need of it.
@@ -364,12 +353,13 @@ struct Root {
   double rampX = 0.0;  // x/β
 };
 
-Root MakeRoot(const Entries& entries, double s) {
-  const RootChain p = ChainAtRoot(entries, s);
+// The root at s, from the derivative B' of the chained first row and the element D of its second
+// row there.
+Root RootAt(double s, double dB, double d) {
   Root root;
   root.beta = -s;
-  root.y = -1.0 / (root.beta * p.db);
-  root.x = root.y * p.d;
+  root.y = -1.0 / (root.beta * dB);
+  root.x = root.y * d;
   root.rampY = root.y / root.beta;
   root.rampX = root.x / root.beta;
   const double e = std::exp(-root.beta);
@@ -380,6 +370,11 @@ Root MakeRoot(const Entries& entries, double s) {
     root.e24 = root.e23 * e;
   }
   return root;
+}
+
+Root MakeRoot(const Chain& chain, double s) {
+  const ChainRows<double> p = ChainAt(chain, s, [] {});
+  return RootAt(s, p.first.db, p.d);
 }
 
 // Σ 1/(s − s_k) over the roots found, added in their order. The quotients do not depend on one
@@ -478,27 +473,27 @@ Pair Deflations(const Pair& s, const RootSearch& first, const RootSearch& second
 // Newton's step of a search from its point.
 double NewtonStepOf(const Chain& chain, const RootSearch& search) {
   double deflation = 0.0;
-  const FirstRow<double> p = FirstRowAt(chain, search.Point(), [&] { deflation = search.DeflationHere(); });
-  return NewtonStep(p, deflation);
+  const ChainRows<double> p = ChainAt(chain, search.Point(), [&] { deflation = search.DeflationHere(); });
+  return NewtonStep(p.first, deflation);
 }
 
-// Newton's steps of two searches from their points, side by side.
-Pair NewtonStepsOf(const Chain& chain, const RootSearch& first, const RootSearch& second) {
-  const Pair s(first.Point(), second.Point());
-  Pair deflation;
-  const FirstRow<Pair> p = FirstRowsAt(chain, s, [&] { deflation = Deflations(s, first, second); });
-  return NewtonStep(p, deflation);
+// After a root the search for the next one starts at s = 0, where the chain takes its limits and
+// needs no sines or cosines: that first step is taken at once. Returns true when the search lands
+// on a root again.
+bool AcceptAndStepFromZero(const Chain& chain, RootSearch& search, const Root& root) {
+  search.Accept(root);
+  return !search.Done() && search.Take(NewtonStepOf(chain, search));
 }
 
-// One step of a search, and the root it lands on. After a root the search for the next one starts
-// at s = 0, where the chain takes its limits and needs no sines or cosines: that first step is
-// taken here at once, so that a search paired with another comes back away from s = 0.
+// Keeps the root a search has landed on, and any its next step from s = 0 lands on.
+void KeepRoots(const Chain& chain, RootSearch& search) {
+  bool landed = true;
+  while (landed) landed = AcceptAndStepFromZero(chain, search, MakeRoot(chain, search.Point()));
+}
+
+// One step of a search, and the roots it lands on.
 void Advance(const Chain& chain, RootSearch& search, double delta) {
-  while (search.Take(delta)) {
-    search.Accept(MakeRoot(chain.entries(), search.Point()));
-    if (search.Done()) return;
-    delta = NewtonStepOf(chain, search);
-  }
+  if (search.Take(delta)) KeepRoots(chain, search);
 }
 
 // Runs a search to its end on its own.
@@ -516,24 +511,38 @@ void SearchWhileAlike(const Chain& chain, RootSearch& first, RootSearch& second)
     const bool firstLanded = first.Take(delta);
     const bool secondLanded = second.Take(delta);
     if (firstLanded && secondLanded) {
-      const Root root = MakeRoot(chain.entries(), first.Point());
+      const Root root = MakeRoot(chain, first.Point());
       first.Accept(root);
       second.Accept(root);
     } else if (firstLanded || secondLanded) {
-      RootSearch& landed = firstLanded ? first : second;
-      landed.Accept(MakeRoot(chain.entries(), landed.Point()));
+      KeepRoots(chain, firstLanded ? first : second);
       return;
     }
   }
 }
 
-// Both searches to their ends, a step of each in turn, the two steps worked out side by side.
+// One search of a pair, its lane of the chain worked out at its point: there it either takes a
+// Newton step, or, when its last step landed on a root, keeps that root. Returns whether it is on a
+// root now, which the next round of the pair then works out.
+bool AdvanceLane(const Chain& chain, RootSearch& search, bool onRoot, double dB, double d, double delta) {
+  if (!onRoot) return search.Take(delta);
+  return AcceptAndStepFromZero(chain, search, RootAt(search.Point(), dB, d));
+}
+
+// Both searches to their ends, a step of each in turn, worked out side by side; a root one of them
+// lands on is worked out side by side with the other's next step.
 void CompleteInterleaved(const Chain& chain, RootSearch& first, RootSearch& second) {
+  bool firstOnRoot = false, secondOnRoot = false;
   while (!first.Done() && !second.Done()) {
-    const Pair delta = NewtonStepsOf(chain, first, second);
-    Advance(chain, first, delta.First());
-    Advance(chain, second, delta.Second());
+    const Pair s(first.Point(), second.Point());
+    Pair deflation;
+    const ChainRows<Pair> p = ChainsAt(chain, s, [&] { deflation = Deflations(s, first, second); });
+    const Pair delta = NewtonStep(p.first, deflation);
+    firstOnRoot = AdvanceLane(chain, first, firstOnRoot, p.first.db.First(), p.d.First(), delta.First());
+    secondOnRoot = AdvanceLane(chain, second, secondOnRoot, p.first.db.Second(), p.d.Second(), delta.Second());
   }
+  if (firstOnRoot) KeepRoots(chain, first);
+  if (secondOnRoot) KeepRoots(chain, second);
   Complete(chain, first);
   Complete(chain, second);
 }
