@@ -828,8 +828,10 @@ void FillResponseResults(const Entries& entries, const RootSearch& search, tagQK
       } else {
         const double f = j == 1 ? 1.0 : std::exp(-(j - 1) * r.beta);
         if (f == 0.0) break;  // every later root decays faster still
-        ramp = -f * r.oneMinusESquared / period;
-        step = -f * r.oneMinusE / period;
+        // -f·(1 - e)²/period and -f·(1 - e)/period, in one division of a pair
+        const Pair weights = Pair(-f) * Pair(r.oneMinusESquared, r.oneMinusE) / Pair(period);
+        ramp = weights.First();
+        step = weights.Second();
       }
       rampThrough += r.rampY * ramp;
       rampInside += r.rampX * ramp;
