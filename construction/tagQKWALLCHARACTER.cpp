@@ -26,6 +26,8 @@ constexpr double kResponseTolerance = 0.0001;
 // Newton converges on these roots in a handful of steps; the cap only keeps a degenerate wall (a
 // conductivity of 0, a NaN) from looping for ever. The search then ends with the roots found so far.
 constexpr int kMaxNewtonSteps = 200;
+// (root, hour) pairs added to the hourly sums of each search after each Newton step.
+constexpr int kPairsPerStep = 2;
 
 // One entry of the working list (surfaces included), as every calculation needs it.
 struct Entry {
@@ -37,6 +39,9 @@ struct Entry {
   double halfRc = 0.0;   // h = R·C·δ/2, h
   double halfRcR = 0.0;  // h·R
   bool massive = false;
+  // An earlier massive entry with the same √(R·C·δ) (two layers of one material and thickness),
+  // whose angle, sine and cosine at every s this one shares; -1 for none.
+  int sameAngleAs = -1;
 };
 
 Entry MakeEntry(const tagQKTIMBERINGCHARACTER& layer) {
@@ -75,6 +80,14 @@ class Entries {
     m_data[0] = SurfaceEntry(inside);
     for (int i = layers.GetSize() - 1, k = 1; i >= 0; --i, ++k) m_data[k] = MakeEntry(layers[i]);
     m_data[count - 1] = SurfaceEntry(outside);
+    for (int k = 0; k < count; ++k) {
+      for (int m = 0; m < k && m_data[k].massive; ++m) {
+        if (m_data[m].massive && m_data[m].sqrtRc == m_data[k].sqrtRc) {
+          m_data[k].sameAngleAs = m;
+          break;
+        }
+      }
+    }
   }
   Entries(const Entries&) = delete;
   Entries& operator=(const Entries&) = delete;
@@ -294,8 +307,9 @@ ChainRows<T> ChainAwayFromZero(const Chain& chain, const T& rootMinusS, Meanwhil
     const int end = std::min(begin + kBlock, last);
     Angle<T> angles[kBlock];
     for (int i = begin; i < end; ++i) {
-      if (!entries[i].massive) continue;
-      angles[i - begin] = Angle<T>(entries[i], rootMinusS);
+      const Entry& e = entries[i];
+      if (!e.massive) continue;
+      angles[i - begin] = e.sameAngleAs >= begin ? angles[e.sameAngleAs - begin] : Angle<T>(e, rootMinusS);
       if (!meanwhileDone) {
         meanwhile();
         meanwhileDone = true;
@@ -496,17 +510,23 @@ void Advance(const Chain& chain, RootSearch& search, double delta) {
   if (search.Take(delta)) KeepRoots(chain, search);
 }
 
-// Runs a search to its end on its own.
-void Complete(const Chain& chain, RootSearch& search) {
-  while (!search.Done()) Advance(chain, search, NewtonStepOf(chain, search));
+// Runs a search to its end on its own; between() runs after each step.
+template <class Between>
+void Complete(const Chain& chain, RootSearch& search, Between between) {
+  while (!search.Done()) {
+    Advance(chain, search, NewtonStepOf(chain, search));
+    between();
+  }
 }
 
 // The two searches of a recalculation start alike and take the same steps through the same points,
 // differing only in when they call a step small enough to end on a root, until one of them lands on
 // a root that the other, with its tighter tolerance, steps on from. Up to there each point and each
 // root is worked out once for both. Returns when they part or one of them is done.
-void SearchWhileAlike(const Chain& chain, RootSearch& first, RootSearch& second) {
+template <class Between>
+void SearchWhileAlike(const Chain& chain, RootSearch& first, RootSearch& second, Between between) {
   while (!first.Done() && !second.Done()) {
+    between();
     const double delta = NewtonStepOf(chain, first);
     const bool firstLanded = first.Take(delta);
     const bool secondLanded = second.Take(delta);
@@ -531,7 +551,8 @@ bool AdvanceLane(const Chain& chain, RootSearch& search, bool onRoot, double dB,
 
 // Both searches to their ends, a step of each in turn, worked out side by side; a root one of them
 // lands on is worked out side by side with the other's next step.
-void CompleteInterleaved(const Chain& chain, RootSearch& first, RootSearch& second) {
+template <class Between>
+void CompleteInterleaved(const Chain& chain, RootSearch& first, RootSearch& second, Between between) {
   bool firstOnRoot = false, secondOnRoot = false;
   while (!first.Done() && !second.Done()) {
     const Pair s(first.Point(), second.Point());
@@ -540,17 +561,20 @@ void CompleteInterleaved(const Chain& chain, RootSearch& first, RootSearch& seco
     const Pair delta = NewtonStep(p.first, deflation);
     firstOnRoot = AdvanceLane(chain, first, firstOnRoot, p.first.db.First(), p.d.First(), delta.First());
     secondOnRoot = AdvanceLane(chain, second, secondOnRoot, p.first.db.Second(), p.d.Second(), delta.Second());
+    between();
   }
   if (firstOnRoot) KeepRoots(chain, first);
   if (secondOnRoot) KeepRoots(chain, second);
-  Complete(chain, first);
-  Complete(chain, second);
+  Complete(chain, first, between);
+  Complete(chain, second, between);
 }
 
 // The roots of both searches of a recalculation, each as it would have found them alone.
-void CompleteTogether(const Chain& chain, RootSearch& first, RootSearch& second) {
-  SearchWhileAlike(chain, first, second);
-  CompleteInterleaved(chain, first, second);
+// between() runs after each step, for work that needs the roots found so far.
+template <class Between>
+void CompleteTogether(const Chain& chain, RootSearch& first, RootSearch& second, Between between) {
+  SearchWhileAlike(chain, first, second, between);
+  CompleteInterleaved(chain, first, second, between);
 }
 
 struct Complex {
@@ -748,29 +772,39 @@ void tagQKWALLCHARACTER::ThickEx(CQKLayerArray& layers, double targetK, double c
 
 namespace {
 
-// Response array 1: the inside-surface response, from the roots of nuxi's search.
-void FillInsideResponse(const RootSearch& search, double alphaInside, tagQKWALL& wall) {
-  const Root* roots = search.Roots();
-  for (int j = 0; j < kHours; ++j) {
-    double through = j == 0 ? wall.CrXs : 0.0;
-    double inside = through;
-    for (int k = 0; k < search.Used(); ++k) {
-      const Root& r = roots[k];
-      const double period = 1.0 - r.e24;
-      double weight;
-      if (j == 0) {
-        weight = (1.0 - r.e23) / period;
-      } else if (j == 1) {
-        weight = -r.oneMinusE / period;
-      } else {
-        weight = -r.oneMinusE * std::exp(-(j - 1) * r.beta) / period;
-      }
-      through += r.y * weight;
-      inside += r.x * weight;
-    }
-    wall.Response1[j] = (j == 0 ? 1.0 : 0.0) - (inside - through) / alphaInside;
+// The hourly sums of response array 1, over the roots of nuxi's search: the through sum over y and
+// the inside sum over x, with the same weights. Each hour adds its roots in their order, whenever
+// they come.
+class InsideSums {
+ public:
+  explicit InsideSums(double crxs) {
+    m_through[0] = crxs;
+    m_inside[0] = crxs;
   }
-}
+
+  // Adds root r to the sums of hour j.
+  void Add(const Root& r, int j) {
+    const double period = 1.0 - r.e24;
+    double weight;
+    if (j == 0) {
+      weight = (1.0 - r.e23) / period;
+    } else if (j == 1) {
+      weight = -r.oneMinusE / period;
+    } else {
+      weight = -r.oneMinusE * std::exp(-(j - 1) * r.beta) / period;
+    }
+    m_through[j] += r.y * weight;
+    m_inside[j] += r.x * weight;
+  }
+
+  void Fill(double alphaInside, tagQKWALL& wall) const {
+    for (int j = 0; j < kHours; ++j) wall.Response1[j] = (j == 0 ? 1.0 : 0.0) - (m_inside[j] - m_through[j]) / alphaInside;
+  }
+
+ private:
+  double m_through[kHours] = {};
+  double m_inside[kHours] = {};
+};
 
 // Harmonics of the daily period from the chained complex transmission matrix, inside surface first;
 // then the decrement and the delay of the first.
@@ -803,60 +837,112 @@ void FillHarmonics(const Entries& entries, double alphaInside, tagQKWALL& wall) 
   wall.CrYc = wall.Harmonic2[0] * 12.0 / std::numbers::pi;
 }
 
-// What nuxi fills after CrXs, from the roots of its search.
-void FillThermalResults(const Entries& entries, const RootSearch& search, tagQKWALL& wall) {
-  const double alphaInside = 1.0 / entries[0].r;
-  FillInsideResponse(search, alphaInside, wall);
-  FillHarmonics(entries, alphaInside, wall);
-}
-
-// Response arrays 2 to 4, from the roots of RESP's search.
-void FillResponseResults(const Entries& entries, const RootSearch& search, tagQKWALL& wall) {
-  const double rInside = entries[0].r;
-  const Root* roots = search.Roots();
-  for (int j = 0; j < kHours; ++j) {
-    // Ramp sums over y/β and x/β, step sums over y and x.
-    double rampThrough = j == 0 ? wall.CrXs : 0.0, rampInside = rampThrough;
-    double stepThrough = rampThrough, stepInside = rampThrough;
-    for (int k = 0; k < search.Used(); ++k) {
-      const Root& r = roots[k];
-      const double period = 1.0 - r.e24;
-      double ramp, step;
-      if (j == 0) {
-        ramp = r.oneMinusE - r.e23 * r.oneMinusESquared / period;
-        step = (1.0 - r.e23) / period;
-      } else {
-        const double f = j == 1 ? 1.0 : std::exp(-(j - 1) * r.beta);
-        if (f == 0.0) break;  // every later root decays faster still
-        // -f·(1 - e)²/period and -f·(1 - e)/period, in one division of a pair
-        const Pair weights = Pair(-f) * Pair(r.oneMinusESquared, r.oneMinusE) / Pair(period);
-        ramp = weights.First();
-        step = weights.Second();
-      }
-      rampThrough += r.rampY * ramp;
-      rampInside += r.rampX * ramp;
-      stepThrough += r.y * step;
-      stepInside += r.x * step;
-    }
-    const double unit = j == 0 ? 1.0 : 0.0;
-    wall.Response2[j] = rampThrough / wall.CrXs;
-    wall.Response3[j] = unit - rInside * (rampInside - rampThrough);
-    wall.Response4[j] = unit - rInside * (stepInside - stepThrough);
+// The ramp sums over y/β and x/β and the step sums over y and x of response arrays 2 to 4, over
+// the roots of RESP's search. Each hour adds its roots in their order, whenever they come, up to
+// the first root whose decay over the hour is 0.
+class ResponseSums {
+ public:
+  explicit ResponseSums(double crxs) {
+    m_rampThrough[0] = m_rampInside[0] = m_stepThrough[0] = m_stepInside[0] = crxs;
   }
-}
+
+  // Adds root r to the sums of hour j.
+  void Add(const Root& r, int j) {
+    if (m_cut[j]) return;
+    const double period = 1.0 - r.e24;
+    double ramp, step;
+    if (j == 0) {
+      ramp = r.oneMinusE - r.e23 * r.oneMinusESquared / period;
+      step = (1.0 - r.e23) / period;
+    } else {
+      const double f = j == 1 ? 1.0 : std::exp(-(j - 1) * r.beta);
+      if (f == 0.0) {
+        m_cut[j] = true;  // every later root decays faster still
+        return;
+      }
+      // -f·(1 - e)²/period and -f·(1 - e)/period, in one division of a pair
+      const Pair weights = Pair(-f) * Pair(r.oneMinusESquared, r.oneMinusE) / Pair(period);
+      ramp = weights.First();
+      step = weights.Second();
+    }
+    m_rampThrough[j] += r.rampY * ramp;
+    m_rampInside[j] += r.rampX * ramp;
+    m_stepThrough[j] += r.y * step;
+    m_stepInside[j] += r.x * step;
+  }
+
+  void Fill(double crxs, double rInside, tagQKWALL& wall) const {
+    for (int j = 0; j < kHours; ++j) {
+      const double unit = j == 0 ? 1.0 : 0.0;
+      wall.Response2[j] = m_rampThrough[j] / crxs;
+      wall.Response3[j] = unit - rInside * (m_rampInside[j] - m_rampThrough[j]);
+      wall.Response4[j] = unit - rInside * (m_stepInside[j] - m_stepThrough[j]);
+    }
+  }
+
+ private:
+  double m_rampThrough[kHours] = {};
+  double m_rampInside[kHours] = {};
+  double m_stepThrough[kHours] = {};
+  double m_stepInside[kHours] = {};
+  bool m_cut[kHours] = {};
+};
+
+// Adds the roots of a search to its hourly sums a few (root, hour) pairs at a time, root by root,
+// as far as the roots are sure to be used: while the search runs every root but its last (which
+// may yet be dropped to make the count even), once it is done every root it uses. Folded in between
+// the Newton steps, this work fills the time the processor spends waiting on a step's long chain of
+// dependent operations.
+template <class Sums>
+class Folder {
+ public:
+  Folder(const RootSearch& search, Sums& sums) : m_search(search), m_sums(sums) {}
+
+  void Fold(int pairs) {
+    const int ready = m_search.Done() ? m_search.Used() : m_search.Count() - 1;
+    for (; pairs > 0 && m_root < ready; --pairs) {
+      m_sums.Add(m_search.Roots()[m_root], m_hour);
+      if (++m_hour == kHours) {
+        m_hour = 0;
+        ++m_root;
+      }
+    }
+  }
+
+  // Once the search is done.
+  void FoldAll() { Fold(kHours * kResponseRoots); }
+
+ private:
+  const RootSearch& m_search;
+  Sums& m_sums;
+  int m_root = 0;
+  int m_hour = 0;
+};
 
 }  // namespace
 
-// nuxi then RESP, with the working list made once and the roots their two searches share found once.
+// nuxi then RESP, with the working list made once, the roots their two searches share found once,
+// and the hourly sums built while the searches run.
 void tagQKWALLCHARACTER::Recalculate() {
   const Entries entries(m_arrTimbering, WHrXs, NHrXs);
   CrXs = 1.0 / entries.TotalResistance();
   if (!entries.HasPeriodicData()) return;
   RootSearch thermal(kThermalRoots, kThermalTolerance);
   RootSearch response(kResponseRoots, kResponseTolerance);
-  CompleteTogether(Chain(entries), thermal, response);
-  FillThermalResults(entries, thermal, *this);
-  FillResponseResults(entries, response, *this);
+  InsideSums insideSums(CrXs);
+  ResponseSums responseSums(CrXs);
+  Folder thermalFolder(thermal, insideSums);
+  Folder responseFolder(response, responseSums);
+  CompleteTogether(Chain(entries), thermal, response, [&] {
+    thermalFolder.Fold(kPairsPerStep);
+    responseFolder.Fold(kPairsPerStep);
+  });
+  thermalFolder.FoldAll();
+  responseFolder.FoldAll();
+  const double alphaInside = 1.0 / entries[0].r;
+  insideSums.Fill(alphaInside, *this);
+  FillHarmonics(entries, alphaInside, *this);
+  responseSums.Fill(CrXs, entries[0].r, *this);
 }
 
 void tagQKWALLCHARACTER::nuxi() {
@@ -864,14 +950,22 @@ void tagQKWALLCHARACTER::nuxi() {
   CrXs = 1.0 / entries.TotalResistance();
   if (!entries.HasPeriodicData()) return;
   RootSearch thermal(kThermalRoots, kThermalTolerance);
-  Complete(Chain(entries), thermal);
-  FillThermalResults(entries, thermal, *this);
+  InsideSums sums(CrXs);
+  Folder folder(thermal, sums);
+  Complete(Chain(entries), thermal, [&] { folder.Fold(kPairsPerStep); });
+  folder.FoldAll();
+  const double alphaInside = 1.0 / entries[0].r;
+  sums.Fill(alphaInside, *this);
+  FillHarmonics(entries, alphaInside, *this);
 }
 
 void tagQKWALLCHARACTER::RESP() {
   const Entries entries(m_arrTimbering, WHrXs, NHrXs);
   if (!entries.HasPeriodicData()) return;
   RootSearch response(kResponseRoots, kResponseTolerance);
-  Complete(Chain(entries), response);
-  FillResponseResults(entries, response, *this);
+  ResponseSums sums(CrXs);
+  Folder folder(response, sums);
+  Complete(Chain(entries), response, [&] { folder.Fold(kPairsPerStep); });
+  folder.FoldAll();
+  sums.Fill(CrXs, entries[0].r, *this);
 }
