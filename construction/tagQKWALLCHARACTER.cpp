@@ -430,8 +430,9 @@ class RootSearch {
   const double* Found() const { return m_found.data(); }
   int Count() const { return m_count; }
 
-  // Σ 1/(s − s_k) at Point() over the roots found.
-  double DeflationHere() const { return Deflation(m_s, m_found.data(), m_count); }
+  // Σ 1/(s − s_k) at Point() over the roots found. At the start of a root's search, at s = 0, it
+  // is the sum at s = 0 of the search before plus the term of the root just found.
+  double DeflationHere() const { return m_steps == 0 ? m_deflationAtZero : Deflation(m_s, m_found.data(), m_count); }
 
   // Moves by -delta, mirrored onto the negative axis. Returns true when the step lands on a root,
   // which Accept must then be given before the next step.
@@ -451,6 +452,7 @@ class RootSearch {
   // Keeps the root at Point() (made by MakeRoot there) and starts the search for the next one.
   void Accept(const Root& root) {
     m_found[m_count] = m_s;
+    m_deflationAtZero += 1.0 / (0.0 - m_s);
     m_roots[m_count] = root;
     ++m_count;
     m_s = 0.0;
@@ -471,6 +473,7 @@ class RootSearch {
   int m_steps = 0;  // on the present root
   int m_count = 0;  // roots found
   int m_used = -1;  // -1 while searching
+  double m_deflationAtZero = 0.0;
   std::array<double, kResponseRoots> m_found{};
   std::array<Root, kResponseRoots> m_roots;
 };
