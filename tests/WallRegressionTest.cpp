@@ -1,14 +1,18 @@
 // Every result of the wall calculation, for twenty walls, held bit for bit to values captured from
-// the calculation as it stood before it was made faster (the code of commit 0bc8b41). A change meant
-// only to make the calculation faster must leave every bit of every result as it was: an operation
-// regrouped, a different but "equal" formula or a fused multiply-add shows up here as a failure
-// naming the wall, the item and both bit patterns.
+// the calculation as it stood before it was made faster (the library of commit 0bc8b41). A change
+// meant only to make the calculation faster must leave every bit of every result as it was: an
+// operation regrouped, a different but "equal" formula or a fused multiply-add shows up here as a
+// failure naming the wall, the item and both bit patterns.
 //
 // The values in data/wall_regression.txt were captured on x86-64 with glibc 2.36, RelWithDebInfo, by
+// running the capture program of this tree against the library built from 0bc8b41:
+//   git worktree add /tmp/wall-before 0bc8b41
+//   (cd /tmp/wall-before && cmake --preset default && cmake --build build/default -j1 --target QKModelDataBase)
 //   cmake --build build/default -j1 --target qk_wall_regression_capture
+//   export LD_LIBRARY_PATH=/tmp/wall-before/build/default
 //   build/default/tests/qk_wall_regression_capture > tests/data/wall_regression.txt
-// run on the code of 0bc8b41 with these test files added. The last bits of exp, sin and cos are
-// those of the platform's libm: on another libm, capture the file anew from that commit.
+// The last bits of exp, sin and cos are those of the platform's libm: on another libm, capture the
+// file anew the same way.
 
 #include <gtest/gtest.h>
 

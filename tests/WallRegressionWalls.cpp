@@ -103,9 +103,10 @@ std::vector<RegressionWall> RegressionWalls() {
       // Corrections on conductivity and density, and an air gap that has a thickness.
       {"dry_lined_brick_with_gap",
        {CementMortar(0.02), Brick(0.24), AirGap(0.05, 0.18), MineralWool(0.05), GypsumBoard(0.012)}},
-      {"ten_layers_two_gaps",
-       {AshraeSlateOrTile(), CementMortar(0.02), Brick(0.12), AirGap(0.04, 0.18), Xps(0.05), Concrete(0.16),
-        AirGap(0.03, 0.15), MineralWool(0.04), GypsumBoard(0.0127), LimePlaster(0.015)}},
+      // Ten layers with an air gap at each face: next to the inside surface as on either side.
+      {"ten_layers_gaps_at_both_faces",
+       {AirGap(0.03, 0.15), AshraeSlateOrTile(), CementMortar(0.02), Brick(0.12), Xps(0.05), Concrete(0.16),
+        MineralWool(0.04), GypsumBoard(0.0127), LimePlaster(0.015), AirGap(0.04, 0.18)}},
       // More layers than the calculation keeps without the heap.
       {"forty_thin_layers", FortyThinLayers()},
       // Other surface coefficients (a roof: a larger inside one, a windier outside).
