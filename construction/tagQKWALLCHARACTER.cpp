@@ -26,8 +26,8 @@ constexpr double kResponseTolerance = 0.0001;
 // Newton converges on these roots in a handful of steps; the cap only keeps a degenerate wall (a
 // conductivity of 0, a NaN) from looping for ever. The search then ends with the roots found so far.
 constexpr int kMaxNewtonSteps = 200;
-// (root, hour) pairs added to the hourly sums of each search after each Newton step.
-constexpr int kPairsPerStep = 2;
+// Terms (one root, one hour) added to the hourly sums of each search after each Newton step.
+constexpr int kTermsPerStep = 2;
 
 // One entry of the working list (surfaces included), as every calculation needs it.
 struct Entry {
@@ -80,14 +80,6 @@ class Entries {
     m_data[0] = SurfaceEntry(inside);
     for (int i = layers.GetSize() - 1, k = 1; i >= 0; --i, ++k) m_data[k] = MakeEntry(layers[i]);
     m_data[count - 1] = SurfaceEntry(outside);
-    for (int k = 0; k < count; ++k) {
-      for (int m = 0; m < k && m_data[k].massive; ++m) {
-        if (m_data[m].massive && m_data[m].sqrtRc == m_data[k].sqrtRc) {
-          m_data[k].sameAngleAs = m;
-          break;
-        }
-      }
-    }
   }
   Entries(const Entries&) = delete;
   Entries& operator=(const Entries&) = delete;
@@ -96,6 +88,19 @@ class Entries {
   const Entry& operator[](int i) const { return m_data[i]; }
   const Entry* begin() const { return m_data; }
   const Entry* end() const { return m_data + m_count; }
+
+  // Links each massive entry to the first earlier one with the same √(R·C·δ), if any (sameAngleAs);
+  // for the periodic calculation only.
+  void LinkSameAngles() {
+    for (int k = 0; k < m_count; ++k) {
+      for (int m = 0; m < k && m_data[k].massive; ++m) {
+        if (m_data[m].massive && m_data[m].sqrtRc == m_data[k].sqrtRc) {
+          m_data[k].sameAngleAs = m;
+          break;
+        }
+      }
+    }
+  }
 
   double TotalResistance() const {
     double sum = 0.0;
@@ -129,7 +134,7 @@ class Entries {
 class Pair {
  public:
   Pair() = default;  // uninitialised, as a double
-  Pair(double both) : m_lanes(_mm_set1_pd(both)) {}  // NOLINT: a constant goes into both lanes
+  Pair(double both) : m_lanes(_mm_set1_pd(both)) {}  // a constant, in both lanes
   Pair(double first, double second) : m_lanes(_mm_setr_pd(first, second)) {}
 
   double First() const { return _mm_cvtsd_f64(m_lanes); }
@@ -149,7 +154,7 @@ class Pair {
 class Pair {
  public:
   Pair() = default;  // uninitialised, as a double
-  Pair(double both) : m_lanes{both, both} {}  // NOLINT: a constant goes into both lanes
+  Pair(double both) : m_lanes{both, both} {}  // a constant, in both lanes
   Pair(double first, double second) : m_lanes{first, second} {}
 
   double First() const { return m_lanes[0]; }
@@ -166,7 +171,8 @@ class Pair {
 };
 #endif
 
-// Sine and cosine of each lane; one sincos each, as for a double.
+// The sine and cosine of a double, or of each lane of a pair: std::sin and std::cos of one argument,
+// which the compiler makes one sincos call.
 void SinCos(double x, double& sine, double& cosine) {
   sine = std::sin(x);
   cosine = std::cos(x);
@@ -338,8 +344,8 @@ ChainRows<double> ChainAt(const Chain& chain, double s, Meanwhile meanwhile) {
   return chain.AtZero();
 }
 
-// The chain at two points, one per lane. A lane at s = 0 (the first step of each root) takes the
-// limits there, so then each lane is worked out alone.
+// The chain at two points, one per lane. A lane within 1e-9 of s = 0 takes the limits there, so then
+// each lane is worked out alone.
 template <class Meanwhile>
 ChainRows<Pair> ChainsAt(const Chain& chain, const Pair& s, Meanwhile meanwhile) {
   const Point first(s.First()), second(s.Second());
@@ -391,10 +397,9 @@ Root MakeRoot(const Chain& chain, double s) {
   return RootAt(s, p.first.db, p.d);
 }
 
-// Σ 1/(s − s_k) over the roots found, added in their order. The quotients do not depend on one
-// another, so they are taken two at a time, which the compiler makes one vector division; the sum
-// stays a plain sum from left to right.
-// sum is what the roots before found added up to.
+// Σ 1/(s − s_k) over the roots found, added in their order to sum (what earlier roots added up to).
+// The quotients do not depend on one another and are taken two at a time, in one division of a
+// pair; the sum stays a plain sum from left to right.
 double Deflation(double s, const double* found, int count, double sum = 0.0) {
   int m = 0;
   for (; m + 1 < count; m += 2) {
@@ -891,7 +896,7 @@ class ResponseSums {
   bool m_cut[kHours] = {};
 };
 
-// Adds the roots of a search to its hourly sums a few (root, hour) pairs at a time, root by root,
+// Adds the roots of a search to its hourly sums a few terms (one root, one hour) at a time, root by root,
 // as far as the roots are sure to be used: while the search runs every root but its last (which
 // may yet be dropped to make the count even), once it is done every root it uses. Folded in between
 // the Newton steps, this work fills the time the processor spends waiting on a step's long chain of
@@ -901,9 +906,9 @@ class Folder {
  public:
   Folder(const RootSearch& search, Sums& sums) : m_search(search), m_sums(sums) {}
 
-  void Fold(int pairs) {
+  void Fold(int terms) {
     const int ready = m_search.Done() ? m_search.Used() : m_search.Count() - 1;
-    for (; pairs > 0 && m_root < ready; --pairs) {
+    for (; terms > 0 && m_root < ready; --terms) {
       m_sums.Add(m_search.Roots()[m_root], m_hour);
       if (++m_hour == kHours) {
         m_hour = 0;
@@ -927,9 +932,10 @@ class Folder {
 // nuxi then RESP, with the working list made once, the roots their two searches share found once,
 // and the hourly sums built while the searches run.
 void tagQKWALLCHARACTER::Recalculate() {
-  const Entries entries(m_arrTimbering, WHrXs, NHrXs);
+  Entries entries(m_arrTimbering, WHrXs, NHrXs);
   CrXs = 1.0 / entries.TotalResistance();
   if (!entries.HasPeriodicData()) return;
+  entries.LinkSameAngles();
   RootSearch thermal(kThermalRoots, kThermalTolerance);
   RootSearch response(kResponseRoots, kResponseTolerance);
   InsideSums insideSums(CrXs);
@@ -937,8 +943,8 @@ void tagQKWALLCHARACTER::Recalculate() {
   Folder thermalFolder(thermal, insideSums);
   Folder responseFolder(response, responseSums);
   CompleteTogether(Chain(entries), thermal, response, [&] {
-    thermalFolder.Fold(kPairsPerStep);
-    responseFolder.Fold(kPairsPerStep);
+    thermalFolder.Fold(kTermsPerStep);
+    responseFolder.Fold(kTermsPerStep);
   });
   thermalFolder.FoldAll();
   responseFolder.FoldAll();
@@ -949,13 +955,14 @@ void tagQKWALLCHARACTER::Recalculate() {
 }
 
 void tagQKWALLCHARACTER::nuxi() {
-  const Entries entries(m_arrTimbering, WHrXs, NHrXs);
+  Entries entries(m_arrTimbering, WHrXs, NHrXs);
   CrXs = 1.0 / entries.TotalResistance();
   if (!entries.HasPeriodicData()) return;
+  entries.LinkSameAngles();
   RootSearch thermal(kThermalRoots, kThermalTolerance);
   InsideSums sums(CrXs);
   Folder folder(thermal, sums);
-  Complete(Chain(entries), thermal, [&] { folder.Fold(kPairsPerStep); });
+  Complete(Chain(entries), thermal, [&] { folder.Fold(kTermsPerStep); });
   folder.FoldAll();
   const double alphaInside = 1.0 / entries[0].r;
   sums.Fill(alphaInside, *this);
@@ -963,12 +970,13 @@ void tagQKWALLCHARACTER::nuxi() {
 }
 
 void tagQKWALLCHARACTER::RESP() {
-  const Entries entries(m_arrTimbering, WHrXs, NHrXs);
+  Entries entries(m_arrTimbering, WHrXs, NHrXs);
   if (!entries.HasPeriodicData()) return;
+  entries.LinkSameAngles();
   RootSearch response(kResponseRoots, kResponseTolerance);
   ResponseSums sums(CrXs);
   Folder folder(response, sums);
-  Complete(Chain(entries), response, [&] { folder.Fold(kPairsPerStep); });
+  Complete(Chain(entries), response, [&] { folder.Fold(kTermsPerStep); });
   folder.FoldAll();
   sums.Fill(CrXs, entries[0].r, *this);
 }
