@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <new>
 #include <numbers>
 #include <utility>
 #include <vector>
@@ -29,23 +30,25 @@ constexpr int kMaxNewtonSteps = 200;
 // Terms (one root, one hour) added to the hourly sums of each search after each Newton step.
 constexpr int kTermsPerStep = 2;
 
-// One entry of the working list (surfaces included), as every calculation needs it.
+// One entry of the working list (surfaces included), as every calculation needs it. A plain
+// aggregate, made by MakeEntry or SurfaceEntry, so that the room the working list keeps for entries
+// costs nothing until used.
 struct Entry {
-  double r = 0.0;         // resistance, m²·K/W
-  double capacity = 0.0;  // C·δ, W·h/(m²·K); 0 for a mass-less entry
-  double rc = 0.0;        // R·C·δ, h
-  double sqrtRc = 0.0;    // √(R·C·δ)
+  double r;         // resistance, m²·K/W
+  double capacity;  // C·δ, W·h/(m²·K); 0 for a mass-less entry
+  double rc;        // R·C·δ, h
+  double sqrtRc;    // √(R·C·δ)
   // The factors of the derivatives by s, made once here rather than at every Newton step.
-  double halfRc = 0.0;   // h = R·C·δ/2, h
-  double halfRcR = 0.0;  // h·R
-  bool massive = false;
+  double halfRc;   // h = R·C·δ/2, h
+  double halfRcR;  // h·R
+  bool massive;
   // An earlier massive entry with the same √(R·C·δ) (two layers of one material and thickness),
-  // whose angle, sine and cosine at every s this one shares; -1 for none.
-  int sameAngleAs = -1;
+  // whose angle, sine and cosine at every s this one shares; -1 for none. Set by LinkSameAngles.
+  int sameAngleAs;
 };
 
 Entry MakeEntry(const tagQKTIMBERINGCHARACTER& layer) {
-  Entry e;
+  Entry e{};
   const double conductivity = layer.DrXs * layer.DrXsXz;
   const double volumetric = layer.GMD * layer.GMCXz * layer.BRr / 3.6;  // W·h/(m³·K)
   if (std::fabs(volumetric) <= kMassless) {
@@ -63,7 +66,7 @@ Entry MakeEntry(const tagQKTIMBERINGCHARACTER& layer) {
 }
 
 Entry SurfaceEntry(double coefficient) {
-  Entry e;
+  Entry e{};
   e.r = 1.0 / coefficient;
   return e;
 }
@@ -77,9 +80,10 @@ class Entries {
     if (count > static_cast<int>(m_inline.size())) m_heap.resize(static_cast<std::size_t>(count));
     m_data = m_heap.empty() ? m_inline.data() : m_heap.data();
     m_count = count;
-    m_data[0] = SurfaceEntry(inside);
-    for (int i = layers.GetSize() - 1, k = 1; i >= 0; --i, ++k) m_data[k] = MakeEntry(layers[i]);
-    m_data[count - 1] = SurfaceEntry(outside);
+    // Made in place, each entry written once where it stays.
+    new (&m_data[0]) Entry(SurfaceEntry(inside));
+    for (int i = layers.GetSize() - 1, k = 1; i >= 0; --i, ++k) new (&m_data[k]) Entry(MakeEntry(layers[i]));
+    new (&m_data[count - 1]) Entry(SurfaceEntry(outside));
   }
   Entries(const Entries&) = delete;
   Entries& operator=(const Entries&) = delete;
@@ -93,6 +97,7 @@ class Entries {
   // for the periodic calculation only.
   void LinkSameAngles() {
     for (int k = 0; k < m_count; ++k) {
+      m_data[k].sameAngleAs = -1;
       for (int m = 0; m < k && m_data[k].massive; ++m) {
         if (m_data[m].massive && m_data[m].sqrtRc == m_data[k].sqrtRc) {
           m_data[k].sameAngleAs = m;
@@ -120,7 +125,7 @@ class Entries {
   }
 
  private:
-  std::array<Entry, 32> m_inline{};
+  std::array<Entry, 32> m_inline;  // left uninitialised: only the entries a wall has are made
   std::vector<Entry> m_heap;
   Entry* m_data = nullptr;
   int m_count = 0;
