@@ -286,7 +286,9 @@ class Chain {
       m_prefix.MultiplyRight(MasslessMatrix<double>(entries[m_firstMassive]));
       ++m_firstMassive;
     }
-    for (const Entry& e : entries) m_atZero.MultiplyRight(e.massive ? MassiveMatrixAtZero(e) : MasslessMatrix<double>(e));
+    for (const Entry& e : entries) {
+      m_atZero.MultiplyRight(e.massive ? MassiveMatrixAtZero(e) : MasslessMatrix<double>(e));
+    }
   }
 
   const Entries& entries() const { return m_entries; }
@@ -358,9 +360,9 @@ ChainRows<Pair> ChainsAt(const Chain& chain, const Pair& s, Meanwhile meanwhile)
     const auto nothing = [] {};
     const ChainRows<double> p1 = ChainAt(chain, s.First(), meanwhile);
     const ChainRows<double> p2 = ChainAt(chain, s.Second(), nothing);
-    return {{{p1.first.a, p2.first.a}, {p1.first.b, p2.first.b}, {p1.first.da, p2.first.da}, {p1.first.db, p2.first.db}},
-            {p1.c, p2.c},
-            {p1.d, p2.d}};
+    const FirstRow<Pair> first{{p1.first.a, p2.first.a}, {p1.first.b, p2.first.b}, {p1.first.da, p2.first.da},
+                               {p1.first.db, p2.first.db}};
+    return {first, {p1.c, p2.c}, {p1.d, p2.d}};
   }
   return ChainAwayFromZero(chain, Pair(first.rootMinusS, second.rootMinusS), meanwhile);
 }
@@ -811,7 +813,9 @@ class InsideSums {
   }
 
   void Fill(double alphaInside, tagQKWALL& wall) const {
-    for (int j = 0; j < kHours; ++j) wall.Response1[j] = (j == 0 ? 1.0 : 0.0) - (m_inside[j] - m_through[j]) / alphaInside;
+    for (int j = 0; j < kHours; ++j) {
+      wall.Response1[j] = (j == 0 ? 1.0 : 0.0) - (m_inside[j] - m_through[j]) / alphaInside;
+    }
   }
 
  private:
@@ -901,11 +905,11 @@ class ResponseSums {
   bool m_cut[kHours] = {};
 };
 
-// Adds the roots of a search to its hourly sums a few terms (one root, one hour) at a time, root by root,
-// as far as the roots are sure to be used: while the search runs every root but its last (which
-// may yet be dropped to make the count even), once it is done every root it uses. Folded in between
-// the Newton steps, this work fills the time the processor spends waiting on a step's long chain of
-// dependent operations.
+// Adds the roots of a search to its hourly sums a few terms (one root, one hour) at a time, root by
+// root, as far as the roots are sure to be used: while the search runs every root but its last
+// (which may yet be dropped to make the count even), once it is done every root it uses. Done
+// between Newton steps, this work fills time the processor would spend waiting on a step's long
+// chain of dependent operations.
 template <class Sums>
 class Folder {
  public:
