@@ -260,15 +260,17 @@ struct FirstRow {
 };
 
 // The chained matrix's first row with its derivative, as a Newton step needs it, and its second
-// row without derivative, which only the residues of a root need (worked out along, as it costs
-// little beside the sines and cosines).
+// row without derivative, which only the residues of a root need. MultiplyRight<false> leaves the
+// second row out (and as it was), for a step that needs the first row only.
 template <class T>
 struct ChainRows {
   FirstRow<T> first;
   T c = 0.0, d = 1.0;
 
+  template <bool kSecondRow>
   void MultiplyRight(const EntryMatrix<T>& m) {
     first.MultiplyRight(m);
+    if constexpr (!kSecondRow) return;
     const T qc = c;
     c = qc * m.a + d * m.c;
     d = qc * m.b + d * m.a;
@@ -283,11 +285,11 @@ class Chain {
  public:
   explicit Chain(const Entries& entries) : m_entries(entries) {
     while (m_firstMassive < entries.size() && !entries[m_firstMassive].massive) {
-      m_prefix.MultiplyRight(MasslessMatrix<double>(entries[m_firstMassive]));
+      m_prefix.MultiplyRight<true>(MasslessMatrix<double>(entries[m_firstMassive]));
       ++m_firstMassive;
     }
     for (const Entry& e : entries) {
-      m_atZero.MultiplyRight(e.massive ? MassiveMatrixAtZero(e) : MasslessMatrix<double>(e));
+      m_atZero.MultiplyRight<true>(e.massive ? MassiveMatrixAtZero(e) : MasslessMatrix<double>(e));
     }
   }
 
@@ -303,12 +305,12 @@ class Chain {
   ChainRows<double> m_atZero;
 };
 
-// The chain away from s = 0. The angles of a block of entries are taken before their matrices:
-// their sine and cosine calls, the long part of a step and independent of one another, then follow
-// each other and overlap instead of each waiting behind the entry before. meanwhile() runs right
-// after the first of those calls, for the work of the step that does not need them (the
-// deflation), which the processor then does while the calls are under way.
-template <class T, class Meanwhile>
+// The chain away from s = 0, its second row only when kSecondRow. The angles of a block of entries
+// are taken before their matrices: their sine and cosine calls, the long part of a step and
+// independent of one another, then follow each other and overlap instead of each waiting behind the
+// entry before. meanwhile() runs right after the first of those calls, for the work of the step
+// that does not need them (the deflation), which the processor then does while the calls run.
+template <bool kSecondRow, class T, class Meanwhile>
 ChainRows<T> ChainAwayFromZero(const Chain& chain, const T& rootMinusS, Meanwhile meanwhile) {
   constexpr int kBlock = 8;
   const Entries& entries = chain.entries();
@@ -332,28 +334,28 @@ ChainRows<T> ChainAwayFromZero(const Chain& chain, const T& rootMinusS, Meanwhil
       // Two calls, so that the mass-less one is compiled with its constant 1s and 0s.
       const Entry& e = entries[i];
       if (e.massive) {
-        p.MultiplyRight(MassiveMatrix(e, angles[i - begin]));
+        p.template MultiplyRight<kSecondRow>(MassiveMatrix(e, angles[i - begin]));
       } else {
-        p.MultiplyRight(MasslessMatrix<T>(e));
+        p.template MultiplyRight<kSecondRow>(MasslessMatrix<T>(e));
       }
     }
   }
   if (!meanwhileDone) meanwhile();
-  p.MultiplyRight(MasslessMatrix<T>(entries[last]));
+  p.template MultiplyRight<kSecondRow>(MasslessMatrix<T>(entries[last]));
   return p;
 }
 
 template <class Meanwhile>
 ChainRows<double> ChainAt(const Chain& chain, double s, Meanwhile meanwhile) {
   const Point point(s);
-  if (!point.atZero) return ChainAwayFromZero(chain, point.rootMinusS, meanwhile);
+  if (!point.atZero) return ChainAwayFromZero<true>(chain, point.rootMinusS, meanwhile);
   meanwhile();
   return chain.AtZero();
 }
 
-// The chain at two points, one per lane. A lane within 1e-9 of s = 0 takes the limits there, so then
-// each lane is worked out alone.
-template <class Meanwhile>
+// The chain at two points, one per lane, its second row only when kSecondRow. A lane within 1e-9 of
+// s = 0 takes the limits there, so then each lane is worked out alone.
+template <bool kSecondRow, class Meanwhile>
 ChainRows<Pair> ChainsAt(const Chain& chain, const Pair& s, Meanwhile meanwhile) {
   const Point first(s.First()), second(s.Second());
   if (first.atZero || second.atZero) {
@@ -364,7 +366,7 @@ ChainRows<Pair> ChainsAt(const Chain& chain, const Pair& s, Meanwhile meanwhile)
                                {p1.first.db, p2.first.db}};
     return {first, {p1.c, p2.c}, {p1.d, p2.d}};
   }
-  return ChainAwayFromZero(chain, Pair(first.rootMinusS, second.rootMinusS), meanwhile);
+  return ChainAwayFromZero<kSecondRow>(chain, Pair(first.rootMinusS, second.rootMinusS), meanwhile);
 }
 
 // One root s = -β of B(s) and what the hourly sums need of it.
@@ -572,7 +574,10 @@ void CompleteInterleaved(const Chain& chain, RootSearch& first, RootSearch& seco
   while (!first.Done() && !second.Done()) {
     const Pair s(first.Point(), second.Point());
     Pair deflation;
-    const ChainRows<Pair> p = ChainsAt(chain, s, [&] { deflation = Deflations(s, first, second); });
+    const auto deflate = [&] { deflation = Deflations(s, first, second); };
+    // The second row only for a lane on a root.
+    const ChainRows<Pair> p =
+        firstOnRoot || secondOnRoot ? ChainsAt<true>(chain, s, deflate) : ChainsAt<false>(chain, s, deflate);
     const Pair delta = NewtonStep(p.first, deflation);
     firstOnRoot = AdvanceLane(chain, first, firstOnRoot, p.first.db.First(), p.d.First(), delta.First());
     secondOnRoot = AdvanceLane(chain, second, secondOnRoot, p.first.db.Second(), p.d.Second(), delta.Second());
