@@ -66,7 +66,8 @@ struct QK_EXPORT tagQKWALLCHARACTER : public tagQKWALL {
   void nuxi();
   // Response arrays 2 to 4 (after nuxi, which it does not repeat).
   void RESP();
-  // nuxi, then RESP: what a setter asked to recalculate runs.
+  // What a setter asked to recalculate runs: the results of nuxi then RESP, bit for bit, with the
+  // work the two have in common done once and their root searches run side by side.
   void Recalculate();
 
   CQKLayerArray m_arrTimbering;  // index 0 outside
