@@ -108,6 +108,24 @@ TEST(QkdbStart, AModuleThatCannotBeLoadedFailsInOneLine) {
   EXPECT_TRUE(Mentions(run.err, "PostgreSQL cannot be used: cannot load ")) << run.err;
 }
 
+// A shared object that is no module of the library (SQLite's, which this test process has loaded),
+// put where the PostgreSQL module belongs.
+TEST(QkdbStart, ASharedObjectThatIsNoModuleIsRefusedInOneLine) {
+  std::string sqlite;
+  std::ifstream maps("/proc/self/maps");
+  for (std::string line; sqlite.empty() && std::getline(maps, line);)
+    if (const std::size_t at = line.find('/'); at != std::string::npos && Mentions(line, "libsqlite3.so"))
+      sqlite = line.substr(at);
+  ASSERT_FALSE(sqlite.empty());
+  LibraryWithoutModules library;
+  fs::create_directory(library.Folder() / "QKModelDataBase");
+  fs::copy_file(sqlite, library.Folder() / "QKModelDataBase" / "postgresql.so");
+  const ToolRun run = Qkdb("weather 郑州 --db postgresql://qk@127.0.0.1:1/none", library.Env());
+  EXPECT_EQ(run.status, 2);
+  EXPECT_TRUE(IsOneLine(run.err)) << run.err;
+  EXPECT_TRUE(Mentions(run.err, "postgresql.so is not a module of this library")) << run.err;
+}
+
 TEST(QkdbStart, ImportAccessWithoutItsModuleFailsInOneLineAndWritesNothing) {
   LibraryWithoutModules library;
   TempDir out;

@@ -76,8 +76,15 @@ void* Symbol(void* handle, const char* symbol) {
 #endif
 }
 
+// The folder of the modules, kept as a path: on Windows its text in the narrow code page may not
+// name it.
+const std::filesystem::path& ModulePath() {
+  static const std::filesystem::path folder = LibraryFile().parent_path() / QK_MODULE_FOLDER;
+  return folder;
+}
+
 Loaded Load(const std::string& module) {
-  const std::filesystem::path file = std::filesystem::path(ModuleFolder()) / (module + kModuleSuffix);
+  const std::filesystem::path file = ModulePath() / (module + kModuleSuffix);
   Loaded loaded;
   std::error_code ec;
   if (!std::filesystem::exists(file, ec)) {
@@ -99,11 +106,14 @@ Loaded Load(const std::string& module) {
   void* address = Symbol(handle, "QKModuleVersion");
   Version version = nullptr;
   std::memcpy(&version, &address, sizeof version);
-  if (version == nullptr || std::string(version()) != QK_VERSION) {
-    // Left loaded: unloading code whose static objects may have run is not worth the risk.
-    loaded.error = file.string() + " was built for " +
-                   (version ? "version " + std::string(version()) : std::string("another program")) +
-                   " of the library, this is " + QK_VERSION;
+  // A module that fails here is left loaded: unloading code whose static objects may have run is not
+  // worth the risk.
+  if (version == nullptr) {
+    loaded.error = file.string() + " is not a module of this library";
+    return loaded;
+  }
+  if (std::string(version()) != QK_VERSION) {
+    loaded.error = file.string() + " was built for version " + version() + " of the library, this is " + QK_VERSION;
     return loaded;
   }
   loaded.handle = handle;
@@ -112,10 +122,7 @@ Loaded Load(const std::string& module) {
 
 }  // namespace
 
-std::string ModuleFolder() {
-  static const std::string folder = (LibraryFile().parent_path() / QK_MODULE_FOLDER).string();
-  return folder;
-}
+std::string ModuleFolder() { return ModulePath().string(); }
 
 void* ModuleSymbol(const std::string& module, const char* symbol, std::string& error) {
   std::lock_guard<std::mutex> lock(g_mutex);
