@@ -1,5 +1,7 @@
 # What `cmake --install` puts under the prefix (GNUInstallDirs):
 #   lib/libQKModelDataBase.so.0.2.0 with its SONAME link (runtime) and the .so link (development)
+#   lib/QKModelDataBase/   the modules loaded when first needed: postgresql.so (the PostgreSQL backend,
+#   linked to libpq) and qkdb-access.so (qkdb's Access reader, linked to mdbtools) (runtime; qk_module)
 #   include/QKModelDataBase/<folder>/<Class>.h   the public headers, folders kept (development)
 #   lib/cmake/QKModelDataBase/   the CMake package QKModelDataBase::QKModelDataBase (development)
 #   lib/pkgconfig/QKModelDataBase.pc (development)
@@ -11,7 +13,7 @@ include(CMakePackageConfigHelpers)
 
 # The public headers: every header of the library's folders but the project's own internals (the list
 # of record classes, the record verbs they share, the UTF conversions, the database backends and
-# what the library hands them).
+# what the library hands them, the loading of modules).
 set(QK_INTERNAL_HEADERS
   binding/ReferenceTables.h
   foundation/QKRecordVerbs.h
@@ -20,7 +22,10 @@ set(QK_INTERNAL_HEADERS
   platform/tablekit/reads/ReadScope.h
   platform/tablekit/sqlite/StatementCache.h
   platform/tablekit/CADOConnection.h
-  platform/tablekit/FieldValue.h)
+  platform/tablekit/FieldValue.h
+  platform/tablekit/ModuleLoader.h
+  platform/tablekit/postgres/PgBackend.h
+  platform/tablekit/postgres/PgModule.h)
 foreach(folder foundation geography weather envelope construction rooms binding platform)
   file(GLOB_RECURSE headers RELATIVE ${PROJECT_SOURCE_DIR} CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.h)
   foreach(header ${headers})

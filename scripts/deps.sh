@@ -3,7 +3,8 @@
 # nothing. Runs apt-get update only when something has to be installed.
 #   scripts/deps.sh          (or "build") what building the library, qkdb, the database and the Python
 #                            package qkdb needs (Python's headers, pybind11; numpy for its arrays)
-#   scripts/deps.sh test     that, and what the tests need: GoogleTest, Google Benchmark, a PostgreSQL
+#   scripts/deps.sh test     that, and what the tests need: GoogleTest, Google Benchmark, the sqlite3
+#                            shell (the baseline of the tool's start-up benchmark), a PostgreSQL
 #                            server, a locale compiler, clang for the fuzz targets, valgrind, the
 #                            Debian packaging tools the package test uses, and pytest, hypothesis and
 #                            matplotlib for the Python package's tests and figures
@@ -11,7 +12,7 @@ set -euo pipefail
 
 build=(g++ cmake ninja-build pkg-config libsqlite3-dev libpq-dev nlohmann-json3-dev libcli11-dev mdbtools-dev
   python3-dev pybind11-dev python3-numpy)
-test=(libgtest-dev libgmock-dev libbenchmark-dev postgresql locales clang libclang-rt-14-dev valgrind dpkg-dev file
+test=(libgtest-dev libgmock-dev libbenchmark-dev sqlite3 postgresql locales clang libclang-rt-14-dev valgrind dpkg-dev file
   python3-pytest python3-hypothesis python3-matplotlib)
 
 case "${1:-build}" in

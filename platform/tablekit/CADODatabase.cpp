@@ -1,7 +1,7 @@
 #include "tablekit/CADODatabase.h"
 
 #include "tablekit/AccessDialect.h"
-#include "tablekit/postgres/PgConnection.h"
+#include "tablekit/postgres/PgBackend.h"
 #include "tablekit/sqlite/SqliteConnection.h"
 
 CADODatabase::CADODatabase() = default;
@@ -12,8 +12,8 @@ int CADODatabase::OpenAccess(const wchar_t* path, const wchar_t* user, const wch
   m_strPath = path;
   std::string error;
   const std::string target = m_strPath.ToUtf8();
-  if (tablekit::PgConnection::IsUri(target)) {
-    m_pConnection = tablekit::PgConnection::Open(target, CString(user).ToUtf8(), CString(password).ToUtf8(), error);
+  if (tablekit::IsPostgresUri(target)) {
+    m_pConnection = tablekit::OpenPostgres(target, CString(user).ToUtf8(), CString(password).ToUtf8(), error);
   } else {
     m_pConnection = tablekit::SqliteConnection::Open(target, error);
   }

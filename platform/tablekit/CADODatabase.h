@@ -5,7 +5,9 @@
 // OpenAccess opens an existing SQLite database file (the reference database that stands where the
 // Access file stood), or, when the path is a connection URI (postgresql://…), a database on a
 // PostgreSQL server. It never creates a file: a missing file, or one that is not a database, is a
-// failed open. User and password fill in what a URI leaves out; SQLite does not use them.
+// failed open. User and password fill in what a URI leaves out; SQLite does not use them. The
+// PostgreSQL backend is a module loaded on the first URI (tablekit/ModuleLoader.h): when it or libpq
+// is missing, that open fails and GetLastError says so.
 // Every statement passes the Access dialect layer (AccessDialect.h) first. Failures return 0; the
 // reason is kept for GetLastError. Not safe for concurrent use.
 

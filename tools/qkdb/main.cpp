@@ -28,13 +28,17 @@
 int main(int argc, char** argv) {
   CLI::App app("The reference database of a building thermal-load design system, from the command line.", "qkdb");
   // The version, and which database and data the commands use when told nothing else: the first
-  // thing to look at when an installed or copied qkdb answers from files other than expected.
-  const char* env = std::getenv("QKDB_DATABASE");
-  app.set_version_flag("--version",
-                       std::string("qkdb ") + QKDB_VERSION + "\ndatabase: " + qkdb::ChooseDatabase("") +
-                           (env && *env ? " (from QKDB_DATABASE)" : "") + "\ndata: " + qkdb::DefaultDataFolder(),
-                       "Print the version, the database and the data folder used, and exit (the tool and the "
-                       "library are released together)");
+  // thing to look at when an installed or copied qkdb answers from files other than expected. Made
+  // only when asked for: finding the shipped folder costs every other command a few dozen system calls.
+  app.set_version_flag(
+      "--version",
+      [] {
+        const char* env = std::getenv("QKDB_DATABASE");
+        return std::string("qkdb ") + QKDB_VERSION + "\ndatabase: " + qkdb::ChooseDatabase("") +
+               (env && *env ? " (from QKDB_DATABASE)" : "") + "\ndata: " + qkdb::DefaultDataFolder();
+      },
+      "Print the version, the database and the data folder used, and exit (the tool and the library are "
+      "released together)");
   qkdb::WallCommand wall(app);
   qkdb::ThicknessCommand thickness(app);
   qkdb::InitCommand init(app);

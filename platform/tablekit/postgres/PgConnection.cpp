@@ -105,10 +105,6 @@ FieldValue ReadValue(const PGresult* res, int row, int column) {
 
 }  // namespace
 
-bool PgConnection::IsUri(const std::string& pathUtf8) {
-  return pathUtf8.rfind("postgresql://", 0) == 0 || pathUtf8.rfind("postgres://", 0) == 0;
-}
-
 std::unique_ptr<PgConnection> PgConnection::Open(const std::string& uri, const std::string& user,
                                                  const std::string& password, std::string& error) {
   // With expand_dbname the URI's own parts override the keywords before it: user and password given

@@ -1,6 +1,7 @@
 #pragma once
 // The PostgreSQL backend: a connection to a database on a server, for offices that share one
-// reference database. Reached by a connection URI (postgresql://host:port/db?...).
+// reference database. Reached by a connection URI (postgresql://host:port/db?...). Compiled into the
+// module postgresql with libpq, not into the library (PgBackend.h opens it through the module).
 //
 // The server must hold the reference tables as data/schema.sql makes them, read through
 // PgSchema (texts as citext, so they compare ignoring case as in Access; keys as identity columns
@@ -20,8 +21,6 @@ namespace tablekit {
 
 class PgConnection : public CADOConnection {
  public:
-  // True when path names a server ("postgresql://" or "postgres://") rather than a file.
-  static bool IsUri(const std::string& pathUtf8);
   // The open connection, or null with the reason in error. user and password fill in what the URI
   // leaves out; empty ones are not passed.
   static std::unique_ptr<PgConnection> Open(const std::string& uri, const std::string& user,

@@ -4,10 +4,12 @@
 #include <filesystem>
 #include <fstream>
 
-#include "text/CsvTable.h"
 #include "binding/QKReferenceDatabase.h"
+#include "binding/ReferenceTables.h"
+#include "files/SharedConnection.h"
 #include "mfc/CString.h"
 #include "tablekit/CADODatabase.h"
+#include "text/CsvTable.h"
 
 namespace qkdb {
 
@@ -25,9 +27,8 @@ bool LooksLikeSqlite(const std::string& path) {
   return file.gcount() == sizeof header && std::string(header, sizeof header) == std::string("SQLite format 3\0", 16);
 }
 
-}  // namespace
-
-std::filesystem::path ShareFolder() {
+// The folder ShareFolder() names, looked for.
+std::filesystem::path FindShareFolder() {
   namespace fs = std::filesystem;
   std::error_code ec;
 #ifdef __linux__
@@ -42,6 +43,13 @@ std::filesystem::path ShareFolder() {
   return fs::weakly_canonical(installed, ec);
 }
 
+}  // namespace
+
+std::filesystem::path ShareFolder() {
+  static const std::filesystem::path folder = FindShareFolder();  // the commands' help texts name it too
+  return folder;
+}
+
 std::string DefaultDatabasePath() { return (ShareFolder() / "reference.db").string(); }
 
 std::string DefaultDataFolder() { return (ShareFolder() / "data").string(); }
@@ -53,14 +61,8 @@ std::string ChooseDatabase(const std::string& option) {
   return DefaultDatabasePath();
 }
 
-namespace {
-
-
-}  // namespace
-
-void BindRecordClasses(const std::string& path) {
-  CString error;
-  if (!QKReferenceDatabase::Bind(CString::FromUtf8(path), &error)) throw DataError(OneLine(error.ToUtf8()));
+void RequireReferenceTables(CADODatabase& db) {
+  if (const CString missing = MissingReferenceTable(db); !missing.IsEmpty()) throw DataError(OneLine(missing.ToUtf8()));
 }
 
 std::string OneLine(const std::string& message) {
@@ -96,6 +98,27 @@ std::string OpenForReading(const std::string& path) {
   if (std::string problem = NotADatabase(path); !problem.empty()) return problem;
   CString error;
   if (!QKReferenceDatabase::Bind(CString::FromUtf8(path), &error)) return OneLine(error.ToUtf8());
+  return "";
+}
+
+CommandDatabase::CommandDatabase() = default;
+
+CommandDatabase::~CommandDatabase() {
+  m_shared.reset();  // the record classes get their own connections back before this one closes
+  m_db.reset();
+}
+
+std::string CommandDatabase::Open(const std::string& path) {
+  m_shared.reset();
+  m_db.reset();
+  if (std::string problem = NotADatabase(path); !problem.empty()) return problem;
+  auto db = std::make_unique<CADODatabase>();
+  // The words QKReferenceDatabase::Bind would use, so a command says the same as the Python package.
+  if (!db->OpenAccess(CString::FromUtf8(path), L"", L""))
+    return OneLine("cannot open " + path + ": " + db->GetLastError().ToUtf8());
+  if (const CString missing = MissingReferenceTable(*db); !missing.IsEmpty()) return OneLine(missing.ToUtf8());
+  m_db = std::move(db);
+  m_shared = std::make_unique<SharedConnection>(*m_db, path);
   return "";
 }
 

@@ -8,13 +8,18 @@
 // No path is fixed at build time, so an installed, packaged or copied tree works where it lands.
 
 #include <filesystem>
+#include <memory>
 #include <string>
+
+class CADODatabase;
 
 namespace qkdb {
 
+class SharedConnection;
+
 // The folder of the shipped database and data: share/QKModelDataBase found relative to this
-// executable (installed: ../share; build tree: ../../share). When neither exists, the installed place,
-// for messages that say where it was looked for.
+// executable (installed: ../share; build tree: ../../share), looked for once per process. When
+// neither exists, the installed place, for messages that say where it was looked for.
 std::filesystem::path ShareFolder();
 // ShareFolder()/reference.db: the database read, and written by `qkdb init`, when told nothing else.
 std::string DefaultDatabasePath();
@@ -22,18 +27,39 @@ std::string DefaultDatabasePath();
 std::string DefaultDataFolder();
 // option when not empty, else QKDB_DATABASE, else the default.
 std::string ChooseDatabase(const std::string& option);
-// Tells every record class its table in the database at path (a file, or a postgresql:// URI), through
-// QKReferenceDatabase::Bind. Throws DataError when the database lacks a table.
-void BindRecordClasses(const std::string& path);
+// Checks that the open connection db holds every table of the reference schema; throws DataError
+// naming the first it lacks.
+void RequireReferenceTables(CADODatabase& db);
 // A backend's message as one line: its line breaks and the blanks around them become one space, and
 // none is left at the end (PostgreSQL's messages span lines).
 std::string OneLine(const std::string& message);
 // "" when path is a server URI or an existing SQLite file, else one line saying what is wrong (missing
 // file, not a database). Reads only the file's first bytes: no lock is needed.
 std::string NotADatabase(const std::string& path);
-// For the commands that read: "" when path is a server URI or an existing SQLite file that holds the
-// shipped tables, else one line saying what is wrong (missing file, not a database, tables missing).
-// Binds the record classes when the database can be used.
+// For a program that lets each record class keep its own connection (the Python package): "" when
+// path is a server URI or an existing SQLite file that holds the shipped tables, else one line saying
+// what is wrong (missing file, not a database, tables missing). Binds the record classes
+// (QKReferenceDatabase::Bind) when the database can be used.
 std::string OpenForReading(const std::string& path);
+
+// The database a reading command (weather, tree, walls, materials, rooms, export) works on, opened
+// once: while this object lives every record class reads through its one connection
+// (SharedConnection), rather than each opening the file again.
+class CommandDatabase {
+ public:
+  CommandDatabase();
+  ~CommandDatabase();
+  CommandDatabase(const CommandDatabase&) = delete;
+  CommandDatabase& operator=(const CommandDatabase&) = delete;
+
+  // "" when path is a server URI or an existing SQLite file that holds the shipped tables, the record
+  // classes then bound to it; else one line saying what is wrong (missing file, not a database,
+  // tables missing), and nothing bound.
+  std::string Open(const std::string& path);
+
+ private:
+  std::unique_ptr<CADODatabase> m_db;
+  std::unique_ptr<SharedConnection> m_shared;  // given back before m_db closes
+};
 
 }  // namespace qkdb

@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "mfc/CString.h"
-#include "reference/SharedConnection.h"
+#include "files/SharedConnection.h"
 #include "reference/SideRows.h"
 #include "reference/catalogue/CatalogueLoader.h"
 #include "reference/places/CityAliases.h"

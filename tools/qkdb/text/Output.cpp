@@ -20,8 +20,8 @@ int Tell(int status, std::string_view message) {
   return status;
 }
 
-int OpenChosenDatabase(const std::string& dbOption) {
-  const std::string problem = OpenForReading(ChooseDatabase(dbOption));
+int OpenChosenDatabase(const std::string& dbOption, CommandDatabase& db) {
+  const std::string problem = db.Open(ChooseDatabase(dbOption));
   return problem.empty() ? 0 : Tell(2, problem);
 }
 

@@ -10,13 +10,16 @@
 
 namespace qkdb {
 
+class CommandDatabase;
+
 // Prints "qkdb: <message>" as one line on standard error and returns status (main.cpp gives the
 // meaning of each status).
 int Tell(int status, std::string_view message);
 
-// Opens the database chosen from dbOption (ReferenceDatabase.h) and binds the record classes to it:
-// 0, or 2 after telling why it cannot be read (missing, not a database, tables missing).
-int OpenChosenDatabase(const std::string& dbOption);
+// Opens the database chosen from dbOption (ReferenceDatabase.h) into db, which binds the record
+// classes to it while it lives: 0, or 2 after telling why it cannot be read (missing, not a database,
+// tables missing).
+int OpenChosenDatabase(const std::string& dbOption, CommandDatabase& db);
 
 // v rounded to 15 significant digits. The value classes keep Pa and fractions while the tables keep
 // hPa and percent, and the division and multiplication on the way can leave the last bit off: a stored

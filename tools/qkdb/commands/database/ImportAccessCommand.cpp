@@ -12,7 +12,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "import/access/AccessFile.h"
+#include "import/access/AccessReader.h"
 #include "files/AtomicFile.h"
 #include "files/OpenFiles.h"
 #include "text/BoundedRead.h"
@@ -93,7 +93,7 @@ class Target {
 
   void Execute(const std::string& sql) { m_db.Execute(sql, "write " + m_path); }
   // Creates the table and readies its INSERT, one bound parameter per column.
-  void Create(const AccessTable& table) {
+  void Create(const AccessRows& table) {
     std::string create = "CREATE TABLE " + Quoted(table.Name()) + " (";
     std::string insert = "INSERT INTO " + Quoted(table.Name()) + " VALUES (";
     for (const AccessColumn& column : table.Columns()) {
@@ -140,10 +140,10 @@ class Target {
 // AtomicFile) and sends the report; out is the name the user gave for it. Returns the exit status.
 int Copy(ChildProcess& child, const std::string& file, const std::string& path, const std::string& out,
          const std::vector<std::string>& wanted) {
-  AccessFile access(file);
+  const std::unique_ptr<AccessReader> access = OpenAccessFile(file);
   std::vector<std::string> tables;
   for (const std::string& name : wanted) {
-    const auto& all = access.UserTables();
+    const auto& all = access->UserTables();
     auto found = std::find(all.begin(), all.end(), name);
     if (found == all.end())
       found = std::find_if(all.begin(), all.end(), [&](const std::string& t) { return SameIgnoringCase(t, name); });
@@ -153,7 +153,7 @@ int Copy(ChildProcess& child, const std::string& file, const std::string& path, 
     }
     if (std::find(tables.begin(), tables.end(), *found) == tables.end()) tables.push_back(*found);
   }
-  if (wanted.empty()) tables = access.UserTables();
+  if (wanted.empty()) tables = access->UserTables();
 
   Target target(path);
   // The file is renamed onto OUT only after a complete import, and AtomicFile::Commit flushes it to
@@ -163,11 +163,11 @@ int Copy(ChildProcess& child, const std::string& file, const std::string& path, 
   std::vector<std::vector<std::string>> report = {{"table", "columns", "read", "written"}};
   for (const std::string& name : tables) {
     child.Beat();
-    AccessTable table = access.OpenTable(name);
-    target.Create(table);
+    const std::unique_ptr<AccessRows> table = access->OpenTable(name);
+    target.Create(*table);
     std::vector<AccessValue> row;
     std::int64_t read = 0;
-    while (table.Next(row)) {
+    while (table->Next(row)) {
       target.Insert(row);
       ++read;
       child.Beat();
@@ -177,10 +177,10 @@ int Copy(ChildProcess& child, const std::string& file, const std::string& path, 
       throw DataError("table \"" + name + "\": " + std::to_string(read) + " rows read but " + std::to_string(written) +
                       " written");
     // A cut or damaged file loses data pages without an error from mdbtools; the table's own count tells.
-    if (read != table.RecordedRows())
-      throw DataError(file + " is damaged: table \"" + name + "\" holds " + std::to_string(table.RecordedRows()) +
+    if (read != table->RecordedRows())
+      throw DataError(file + " is damaged: table \"" + name + "\" holds " + std::to_string(table->RecordedRows()) +
                       " rows but only " + std::to_string(read) + " can be read");
-    report.push_back({name, std::to_string(table.Columns().size()), std::to_string(read), std::to_string(written)});
+    report.push_back({name, std::to_string(table->Columns().size()), std::to_string(read), std::to_string(written)});
   }
   target.Execute("COMMIT");
 

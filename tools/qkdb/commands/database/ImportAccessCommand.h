@@ -1,7 +1,7 @@
 #pragma once
 // qkdb import-access FILE --db OUT [--tables A,B] [--force [--even-if-open]]: copies the user tables of an Access
 // file (.mdb or .accdb) - columns, types and rows - into a new SQLite file OUT, one SQLite table per
-// Access table with the same table and column names. The type of each column is in AccessTable.h.
+// Access table with the same table and column names. The type of each column is in AccessReader.h.
 //
 // OUT is written in a temporary file beside it and renamed onto it only when every table has been
 // copied in full, so a failed import leaves nothing behind; an existing OUT is replaced only with

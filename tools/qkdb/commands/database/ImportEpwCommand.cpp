@@ -13,6 +13,7 @@
 #include "import/epw/EpwFile.h"
 #include "import/epw/EpwPlace.h"
 #include "files/ReferenceDatabase.h"
+#include "files/SharedConnection.h"
 #include "import/WriteTransaction.h"
 #include "mfc/CString.h"
 #include "weather/CQKWeather.h"
@@ -196,7 +197,9 @@ int ImportEpwCommand::Run() const {
   try {
     if (const std::string problem = NotADatabase(path); !problem.empty()) throw DataError(problem);
     WriteTransaction tx(path, m_wait);
-    BindRecordClasses(path);  // checks that the database holds every table of the reference schema
+    RequireReferenceTables(*tx.Database());
+    // Every record class reads and writes in the transaction, on its one connection.
+    SharedConnection shared(*tx.Database(), path);
     FaultPoint("begun");
     const std::string fileName = fs::path(m_file).filename().string();
     const EpwPlace place = FindOrAddPlace(tx, fileName, epw.location, {m_city, m_province, m_country});

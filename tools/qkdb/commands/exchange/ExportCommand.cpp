@@ -57,7 +57,8 @@ bool ExportCommand::Chosen() const { return m_app->parsed(); }
 
 int ExportCommand::Run() const {
   const std::string path = ChooseDatabase(m_db);
-  if (const std::string problem = OpenForReading(path); !problem.empty()) return Fail(2, problem);
+  CommandDatabase db;
+  if (const std::string problem = db.Open(path); !problem.empty()) return Fail(2, problem);
   std::ostringstream text;
   try {
     const ExchangeTable table = Export(m_kind);

@@ -9,6 +9,7 @@
 #include "exchange/kinds/RoomsExchange.h"
 #include "exchange/kinds/WallsExchange.h"
 #include "files/ReferenceDatabase.h"
+#include "files/SharedConnection.h"
 #include "import/WriteTransaction.h"
 #include "text/BoundedRead.h"
 
@@ -86,7 +87,9 @@ int ImportCommand::Run() const {
   try {
     if (const std::string problem = NotADatabase(path); !problem.empty()) throw DataError(problem);
     WriteTransaction tx(path, m_wait);
-    BindRecordClasses(path);  // checks that the database holds every table of the reference schema
+    RequireReferenceTables(*tx.Database());
+    // Every record class reads and writes in the transaction, on its one connection.
+    SharedConnection shared(*tx.Database(), path);
     FaultPoint("begun");
     Import(m_kind, tx, table, report);
     if (report.AnyRefused()) {

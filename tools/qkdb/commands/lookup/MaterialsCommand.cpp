@@ -7,6 +7,7 @@
 
 #include "answers/MaterialsAnswer.h"
 #include "text/Output.h"
+#include "files/ReferenceDatabase.h"
 
 namespace qkdb {
 
@@ -29,7 +30,8 @@ MaterialsCommand::MaterialsCommand(CLI::App& parent) {
 bool MaterialsCommand::Chosen() const { return m_app->parsed(); }
 
 int MaterialsCommand::Run() const {
-  if (const int status = OpenChosenDatabase(m_db)) return status;
+  CommandDatabase db;
+  if (const int status = OpenChosenDatabase(m_db, db)) return status;
   const MaterialsAnswer answer = Materials(m_type, m_search);
   if (!answer.refused.empty()) return Tell(1, answer.refused);
   if (m_json) {

@@ -7,6 +7,7 @@
 
 #include "text/Output.h"
 #include "answers/RoomAnswer.h"
+#include "files/ReferenceDatabase.h"
 
 namespace qkdb {
 
@@ -111,7 +112,8 @@ bool RoomsCommand::Chosen() const { return m_app->parsed(); }
 
 int RoomsCommand::Run() const {
   if (m_schedules && m_name.empty()) return Tell(2, "--schedules belongs to one room use: give its name");
-  if (const int status = OpenChosenDatabase(m_db)) return status;
+  CommandDatabase db;
+  if (const int status = OpenChosenDatabase(m_db, db)) return status;
   const RoomAnswer answer = m_name.empty() ? RoomUses(m_type) : RoomUseParameters(m_name, m_type, m_schedules);
   if (!answer.refused.empty()) return Tell(1, answer.refused);
   if (m_json)

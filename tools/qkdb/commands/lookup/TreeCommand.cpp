@@ -6,6 +6,7 @@
 
 #include "answers/TreeAnswer.h"
 #include "text/Output.h"
+#include "files/ReferenceDatabase.h"
 
 namespace qkdb {
 
@@ -43,7 +44,8 @@ bool TreeCommand::Chosen() const { return m_app->parsed(); }
 int TreeCommand::Run() const {
   if (m_withWeather && m_which != "weather") return Tell(2, "--with-weather belongs to the weather tree only");
   if (m_ids && m_json) return Tell(2, "--ids is for the text; the JSON always has the IDs");
-  if (const int status = OpenChosenDatabase(m_db)) return status;
+  CommandDatabase db;
+  if (const int status = OpenChosenDatabase(m_db, db)) return status;
   const nlohmann::ordered_json tree = Tree(m_which, m_withWeather);
   if (m_json)
     std::cout << tree.dump(2) << '\n';

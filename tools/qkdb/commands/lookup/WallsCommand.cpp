@@ -7,6 +7,7 @@
 
 #include "answers/wall/WallsAnswer.h"
 #include "text/Output.h"
+#include "files/ReferenceDatabase.h"
 
 namespace qkdb {
 
@@ -44,7 +45,8 @@ WallsCommand::WallsCommand(CLI::App& parent) {
 bool WallsCommand::Chosen() const { return m_app->parsed(); }
 
 int WallsCommand::Run() const {
-  if (const int status = OpenChosenDatabase(m_db)) return status;
+  CommandDatabase db;
+  if (const int status = OpenChosenDatabase(m_db, db)) return status;
   WallsAnswer answer = TypeWalls(m_type, true);
   if (!answer.refused.empty()) return Tell(1, answer.refused);
 

@@ -9,6 +9,7 @@
 #include "text/Output.h"
 #include "answers/WeatherAnswer.h"
 #include "answers/WeatherItems.h"
+#include "files/ReferenceDatabase.h"
 
 namespace qkdb {
 
@@ -83,7 +84,8 @@ int WeatherCommand::Run() const {
   double lon = 0.0, lat = 0.0;
   if (near && !ParseNear(m_near, lon, lat))
     return Tell(2, "--near takes LON,LAT in degrees (east longitude, north latitude), not \"" + m_near + "\"");
-  if (const int status = OpenChosenDatabase(m_db)) return status;
+  CommandDatabase db;
+  if (const int status = OpenChosenDatabase(m_db, db)) return status;
   const WeatherAnswer answer = near ? ClimateNear(lon, lat) : byName ? ClimateByName(m_name) : ClimateById(m_id);
   if (!answer.refused.empty()) return Tell(1, answer.refused);
   return Print(answer, m_json);

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "import/access/AccessTable.h"
 #include "text/CsvTable.h"
 
 namespace qkdb {
@@ -56,7 +57,7 @@ AccessFile::AccessFile(const std::string& path) : m_handle(std::make_unique<Hand
 
 AccessFile::~AccessFile() = default;
 
-AccessTable AccessFile::OpenTable(const std::string& name) const {
+std::unique_ptr<AccessRows> AccessFile::OpenTable(const std::string& name) const {
   MdbHandle* mdb = m_handle->mdb;
   for (unsigned i = 0; i < mdb->num_catalog; ++i) {
     MdbCatalogEntry* entry = Entry(mdb, i);
@@ -67,7 +68,7 @@ AccessTable AccessFile::OpenTable(const std::string& name) const {
       throw DataError("cannot read the definition of table \"" + name + "\" in " + m_path);
     }
     mdb_rewind_table(table);
-    return AccessTable(table);
+    return std::make_unique<AccessTable>(table);
   }
   throw DataError("no table \"" + name + "\" in " + m_path);
 }

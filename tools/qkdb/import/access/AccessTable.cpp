@@ -74,11 +74,6 @@ AccessTable::~AccessTable() {
   if (m_table) mdb_free_tabledef(m_table);
 }
 
-AccessTable::AccessTable(AccessTable&& other) noexcept
-    : m_table(std::exchange(other.m_table, nullptr)),
-      m_name(std::move(other.m_name)),
-      m_columns(std::move(other.m_columns)) {}
-
 std::int64_t AccessTable::RecordedRows() const { return m_table->num_rows; }
 
 bool AccessTable::Next(std::vector<AccessValue>& row) {

@@ -2,7 +2,7 @@
 // The places and their design climate: country 中国, its provinces and cities, and one weather row per
 // station of the outdoor design table (data/cn_outdoor_design_gb50736.csv), after the corrections of
 // data/station_corrections.csv. Written through CQKCountry, CQKProvince, CQKCity and CQKWeather, which
-// must already be bound to the database (BindRecordClasses). Each station gets an hourly weather file
+// must already be bound to the database (SharedConnection). Each station gets an hourly weather file
 // (reference/WeatherFiles.h), and where it comes from is recorded in WeatherFileSource.
 //
 // A city the standard gives several stations (呼伦贝尔: 满洲里 and 海拉尔) takes the first listed as its

@@ -1,4 +1,4 @@
-#include "reference/SharedConnection.h"
+#include "files/SharedConnection.h"
 
 #include "binding/ReferenceTables.h"
 #include "tablekit/CADODatabase.h"
