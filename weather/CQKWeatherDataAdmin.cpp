@@ -119,8 +119,9 @@ int CQKWeatherDataAdmin::MakeCityNodes(bool bWeatherOnly) {
   if (!province.ExecSql(sql, &provinces, nullptr) || provinces.GetRecordCount() == 0) return 0;
   long lastCountryId = 0;
   tagCityNode* countryNode = nullptr;
-  // What each province row said, for the cities below. Read in the same transaction, a row is what
-  // reading that province again by its id would give, so only a province not among them is read.
+  // What each province row said, for the cities below. Read moments before (on SQLite in the same
+  // transaction), a row is what reading that province again by its id would give, so only a province
+  // not among them is read.
   struct ProvinceRow {
     CString name;
     long countryId;
