@@ -68,6 +68,18 @@ const std::string& CatalogueDatabase() {
   return path;
 }
 
+// The numbers of a comma-separated list, as the bounding structure keeps its layers.
+std::vector<double> SplitList(const std::string& s) {
+  std::vector<double> values;
+  for (std::size_t start = 0; start < s.size();) {
+    std::size_t end = s.find(',', start);
+    if (end == std::string::npos) end = s.size();
+    values.push_back(std::stod(s.substr(start, end - start)));
+    start = end + 1;
+  }
+  return values;
+}
+
 void BM_TypeWalls_Admin(benchmark::State& state) {
   const CString path = CString::FromUtf8(CatalogueDatabase());
   CQKTimbering::S_Init(path, L"Timbering");
@@ -98,17 +110,7 @@ void BM_TypeWalls_RawSqlite(benchmark::State& state) {
   sqlite3_prepare_v2(db, "select TIdS, HouDuS, XzXsS from BoundingStructure where BSCId = ?1", -1, &structure,
                      nullptr);
   sqlite3_prepare_v2(db, "select Name, GMD, DrXs, BRr from Timbering where ID = ?1", -1, &construction, nullptr);
-  auto split = [](const unsigned char* text) {
-    std::vector<double> values;
-    std::string s = text ? reinterpret_cast<const char*>(text) : "";
-    for (std::size_t start = 0; start < s.size();) {
-      std::size_t end = s.find(',', start);
-      if (end == std::string::npos) end = s.size();
-      values.push_back(std::stod(s.substr(start, end - start)));
-      start = end + 1;
-    }
-    return values;
-  };
+  auto split = [](const unsigned char* text) { return SplitList(text ? reinterpret_cast<const char*>(text) : ""); };
   const bool calculate = state.range(0) != 0;
   for (auto _ : state) {
     CLxArray<CQKWallData> walls;
@@ -185,16 +187,7 @@ std::vector<Row> SelectEvery(sqlite3* db, const std::string& sql) {
 void BM_TypeWalls_RawLibraryQueries(benchmark::State& state) {
   sqlite3* db = nullptr;
   sqlite3_open_v2(CatalogueDatabase().c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
-  auto split = [](const std::string& s) {
-    std::vector<double> values;
-    for (std::size_t start = 0; start < s.size();) {
-      std::size_t end = s.find(',', start);
-      if (end == std::string::npos) end = s.size();
-      values.push_back(std::stod(s.substr(start, end - start)));
-      start = end + 1;
-    }
-    return values;
-  };
+  const auto split = SplitList;
   for (auto _ : state) {
     CLxArray<CQKWallData> walls;
     for (const Row& code : SelectEvery(db, "select * from BSCode where BSTId = 1 order by Id")) {
