@@ -54,6 +54,9 @@ class CADOConnection {
     error = "this database does not take bound values";
     return false;
   }
+  // How long a statement waits for a lock another connection holds before it fails, in ms, from now
+  // on. Backends that wait their own way keep it.
+  virtual void SetLockWait(int milliseconds) { (void)milliseconds; }
   // Ends the read transaction the connection began for a ReadScope (ReadScope.h); backends that
   // begin none have nothing to do.
   virtual void EndReadScope() {}

@@ -172,9 +172,9 @@ std::unique_ptr<SqliteConnection> SqliteConnection::Open(const std::string& path
 
 int SqliteConnection::WaitWhileBusy(void* self, int tries) {
   using Clock = std::chrono::steady_clock;
-  Clock::time_point& since = static_cast<SqliteConnection*>(self)->m_busySince;
-  if (tries == 0) since = Clock::now();
-  if (Clock::now() - since >= std::chrono::milliseconds(kBusyTimeoutMs)) return 0;
+  SqliteConnection& connection = *static_cast<SqliteConnection*>(self);
+  if (tries == 0) connection.m_busySince = Clock::now();
+  if (Clock::now() - connection.m_busySince >= std::chrono::milliseconds(connection.m_lockWaitMs)) return 0;
   std::this_thread::sleep_for(std::chrono::microseconds(kBusyPollUs));
   return 1;
 }

@@ -3,7 +3,7 @@
 //
 // Open never creates a file: a missing file, or one that is not an SQLite database, fails. A file the
 // process may only read opens read-only (queries work, writes fail). A database locked by another
-// writer is waited for up to kBusyTimeoutMs, then the statement fails.
+// writer is waited for up to kBusyTimeoutMs (or what SetLockWait says), then the statement fails.
 //
 // Queries are prepared once and kept (StatementCache); their values come bound (QueryBound). Inside
 // a ReadScope a query begins a read transaction when the connection is in none.
@@ -41,6 +41,7 @@ class SqliteConnection : public CADOConnection {
   bool BindsLiterals() const override { return true; }
   bool QueryBound(const std::string& sql, const std::vector<FieldValue>& values, ResultSet& result,
                   std::string& error) override;
+  void SetLockWait(int milliseconds) override { m_lockWaitMs = milliseconds; }
   void EndReadScope() override;
   bool Execute(const std::string& sql, std::string& error) override;
   bool InsertRow(const std::string& table, const ColumnValues& values, long long& newKey,
@@ -50,7 +51,7 @@ class SqliteConnection : public CADOConnection {
 
  private:
   explicit SqliteConnection(sqlite3* db) : m_db(db), m_statements(kKeptStatements) {}
-  // SQLite's busy handler: true (try again) every kBusyPollUs until kBusyTimeoutMs have passed.
+  // SQLite's busy handler: true (try again) every kBusyPollUs until the lock wait has passed.
   static int WaitWhileBusy(void* self, int tries);
   // The kept statement for sql, prepared now if it is not kept yet; null with the reason in error.
   StatementCache::Kept* Prepared(const std::string& sql, std::string& error);
@@ -66,6 +67,7 @@ class SqliteConnection : public CADOConnection {
   StatementCache m_statements;
   bool m_inReadScope = false;  // in a read transaction it began for a ReadScope
   std::chrono::steady_clock::time_point m_busySince;  // when the present wait for a lock began
+  int m_lockWaitMs = kBusyTimeoutMs;
 };
 
 }  // namespace tablekit

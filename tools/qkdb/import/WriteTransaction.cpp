@@ -70,19 +70,11 @@ WriteTransaction::WriteTransaction(const std::string& path, double waitSeconds) 
             Connection().Query("SELECT pg_advisory_xact_lock(" + std::to_string(kWriterLock) + ")", locked, error);
     m_open = true;  // BEGIN ran: a failure after it is rolled back by the destructor
   } else {
-    // SQLite keeps no queue for its write lock, and its own wait backs off to 100 ms between tries:
-    // a host that writes row after row leaves gaps of microseconds between its commits, which such
-    // tries nearly always miss. The lock is asked for every 0.2 ms instead, as long as the tool was
-    // told to wait (as the library does for its own waits); once it is held, SQLite waits what is
-    // left of that time for the readers to finish at commit.
-    tablekit::ResultSet timeout;
-    begun = Connection().Query("PRAGMA busy_timeout = 0", timeout, error);
-    while (begun && !Connection().Execute("BEGIN IMMEDIATE", error)) {
-      begun = IsBusy(error) && Clock::now() < deadline;
-      if (begun) std::this_thread::sleep_for(std::chrono::microseconds(200));
-    }
+    // The library's own wait asks for the lock every 0.2 ms (SQLite keeps no queue, and a host that
+    // writes row after row leaves only short gaps); here it lasts as long as the tool was told.
+    Connection().SetLockWait(static_cast<int>(msLeft()));
+    begun = Connection().Execute("BEGIN IMMEDIATE", error);
     m_open = begun;
-    begun = begun && Connection().Query("PRAGMA busy_timeout = " + std::to_string(msLeft()), timeout, error);
   }
   if (begun) return;
   if (IsBusy(error)) throw DatabaseBusy(busy);
